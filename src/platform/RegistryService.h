@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 Turf Desk contributors
+
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace turfdesk {
+
+/// The settings tree: keys that hold named values and subkeys. Stateful: it knows one root and one open key at a time.
+///
+/// All texts are UTF-8. A key path is relative to the root, its parts separated by backslashes; a trailing backslash
+/// is ignored. Key and value names are found without regard to case and keep the case that they were created with.
+/// The empty value name is the key's default value.
+///
+/// A false result is an answer; a call that the tree itself cannot carry out (damaged, busy for too long, no key open)
+/// throws RuntimeError with words fit to show. The two exceptions are SetLongValue and SetStringValue, whose failure
+/// shows in LastError and LastErrorText.
+class RegistryService {
+public:
+  RegistryService() = default;
+  RegistryService(const RegistryService &) = delete;
+  RegistryService &operator=(const RegistryService &) = delete;
+  virtual ~RegistryService() = default;
+
+  /// Selects the root for the operations that follow. The program uses "HKEY_LOCAL_MACHINE" only.
+  virtual void SetRootKey(std::string_view rootName) = 0;
+  /// Zero when the last operation succeeded.
+  virtual long LastError() const = 0;
+  /// Words for the last failure; meaningful until the next operation.
+  virtual std::string LastErrorText() const = 0;
+  /// Closes the open key; nothing happens when none is open.
+  virtual void CloseKey() = 0;
+  /// Deletes the key and its values, and is true when that worked. A key with subkeys is not deleted.
+  virtual bool DeleteKey(std::string_view keyPath) = 0;
+  /// Number of subkeys of the open key.
+  virtual std::int32_t SubkeyCount() = 0;
+  /// Does the key exist under the root? Needs no open key and leaves an open one as it is.
+  virtual bool KeyExists(std::string_view keyPath) = 0;
+  /// Opens the key, closing the one that was open. With create it is made, parents included, when absent.
+  /// False when it is not open afterwards.
+  virtual bool OpenKey(std::string_view keyPath, bool create) = 0;
+  virtual std::int32_t GetLongValue(std::string_view valueName) = 0;
+  virtual std::string GetStringValue(std::string_view valueName) = 0;
+  virtual bool ValueExists(std::string_view valueName) = 0;
+  /// Durable when the call returns.
+  virtual void SetLongValue(std::string_view valueName, std::int32_t value) = 0;
+  /// Durable when the call returns.
+  virtual void SetStringValue(std::string_view valueName, std::string_view value) = 0;
+  /// Name of the subkey at a 0-based index of the open key. Subkeys are in the order of their names.
+  virtual std::string SubkeyName(std::int32_t index) = 0;
+};
+
+} // namespace turfdesk
