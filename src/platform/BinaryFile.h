@@ -26,6 +26,8 @@ public:
   virtual void Seek(std::uint64_t offset) = 0;
   /// Size of the file in bytes at this moment.
   virtual std::uint64_t Size() = 0;
+  /// When the content was last changed, in seconds since 1970. Throws RuntimeError 57 when the device fails.
+  virtual std::int64_t ModificationTime() = 0;
 };
 
 /// Opens files for reading, by Windows path in UTF-8.

@@ -29,7 +29,7 @@ public:
   virtual void SetRootKey(std::string_view rootName) = 0;
   /// Zero when the last operation succeeded.
   virtual long LastError() const = 0;
-  /// Words for the last failure; meaningful until the next operation.
+  /// Words for the last failure. Closing the key leaves them, so that they can be fetched after it.
   virtual std::string LastErrorText() const = 0;
   /// Closes the open key; nothing happens when none is open.
   virtual void CloseKey() = 0;

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 Turf Desk contributors
+
+#include "support/basVorinFile.h"
+
+#include "support/Prompts.h"
+#include "support/basVorinString.h"
+
+#include <exception>
+
+namespace turfdesk {
+
+bool FileExists(SharedState &state, std::string_view path) { return state.fileService->FileExists(path); }
+
+bool DirExists(SharedState &state, std::string_view path) { return state.fileService->DirExists(path); }
+
+std::string GetPathPart(SharedState &state, std::string_view path) { return state.fileService->GetPathPart(path); }
+
+std::string GetFilePart(SharedState &state, std::string_view path) { return state.fileService->GetFilePart(path); }
+
+double GetFileSize(SharedState &state, std::string_view path) { return state.fileService->GetFileSize(path); }
+
+bool IsValidFilename(SharedState &state, std::string_view text) { return state.fileService->IsValidFilename(text); }
+
+std::string GetExtension(SharedState &state, std::string_view path) {
+  std::string extension = state.fileService->GetExtension(path);
+  if (extension.starts_with('.'))
+    extension.erase(0, 1);
+  return extension;
+}
+
+std::string ChangeExtension(SharedState &state, std::string_view path, std::string_view extension) {
+  return state.fileService->GetDirPrefix(path) + state.fileService->GetBaseName(path) + "." + std::string(extension);
+}
+
+bool DeleteFile(SharedState &state, std::string_view path) {
+  if (state.fileService->DeleteFile(path))
+    return true;
+  state.lastFileError = state.fileService->LastErrorText();
+  return false;
+}
+
+bool CopyFile(SharedState &state, std::string_view sourceDir, std::string_view sourceName,
+              std::string_view destinationDir, std::string_view destinationName) {
+  bool begun = false;
+  const auto report = [&state, &begun](std::uint64_t done, std::uint64_t total) {
+    if (state.workProgress != nullptr) {
+      if (!begun)
+        state.workProgress->Begin(total);
+      state.workProgress->SetPosition(done);
+    }
+    begun = true;
+    state.screen.Repaint();
+  };
+  try {
+    state.platform.Copier().Copy(AddBackslash(sourceDir) + std::string(sourceName),
+                                 AddBackslash(destinationDir) + std::string(destinationName), report);
+    return true;
+  } catch (const std::exception &error) {
+    state.lastFileError = error.what();
+    return false;
+  }
+}
+
+bool MoveFile(SharedState &state, std::string_view sourceDir, std::string_view sourceName,
+              std::string_view destinationDir, std::string_view destinationName) {
+  if (!CopyFile(state, sourceDir, sourceName, destinationDir, destinationName))
+    return false;
+  if (DeleteFile(state, AddBackslash(sourceDir) + std::string(sourceName)))
+    return true;
+  return AskOkCancel(state, "The source file cannot be deleted.  If you are moving\r\n"
+                            "this file from a CD-ROM drive click OK to continue.  Otherwise,\r\n"
+                            "click OK to continue or Cancel to end this operation.");
+}
+
+const std::string &GetLastFileError(const SharedState &state) { return state.lastFileError; }
+
+} // namespace turfdesk

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 Turf Desk contributors
+
+#pragma once
+
+#include "support/SharedState.h"
+
+#include <string>
+#include <string_view>
+
+namespace turfdesk {
+
+// File and path helpers. Paths are full Windows paths in UTF-8; a directory may come with or without its trailing
+// backslash. Where a helper gives false for a failed copy or delete, GetLastFileError has the words.
+
+bool FileExists(SharedState &state, std::string_view path);
+bool DirExists(SharedState &state, std::string_view path);
+std::string GetPathPart(SharedState &state, std::string_view path);
+std::string GetFilePart(SharedState &state, std::string_view path);
+/// Bytes; 0 for a missing file or an empty path.
+double GetFileSize(SharedState &state, std::string_view path);
+bool IsValidFilename(SharedState &state, std::string_view text);
+
+/// The extension without a leading dot, in the name's own case.
+std::string GetExtension(SharedState &state, std::string_view path);
+/// The path with its extension replaced; extension comes without a dot.
+std::string ChangeExtension(SharedState &state, std::string_view path, std::string_view extension);
+
+bool DeleteFile(SharedState &state, std::string_view path);
+
+/// Copies over an existing destination without asking. Tells state.workProgress how far it has come and lets windows
+/// repaint meanwhile.
+bool CopyFile(SharedState &state, std::string_view sourceDir, std::string_view sourceName,
+              std::string_view destinationDir, std::string_view destinationName);
+
+/// Copies, then deletes the source. A source that cannot be deleted is a question to the user: OK is true, with the
+/// file in both places; Cancel is false, with the copy left at the destination.
+bool MoveFile(SharedState &state, std::string_view sourceDir, std::string_view sourceName,
+              std::string_view destinationDir, std::string_view destinationName);
+
+/// Words of the last failed copy or delete.
+const std::string &GetLastFileError(const SharedState &state);
+
+} // namespace turfdesk
