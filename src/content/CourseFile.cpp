@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 Turf Desk contributors
+
+#include "content/CourseFile.h"
+
+#include "content/FieldReader.h"
+#include "content/FileHeader.h"
+#include "platform/RuntimeError.h"
+
+#include <exception>
+#include <limits>
+
+namespace turfdesk {
+
+namespace {
+
+/// 16 N is a 16-bit number for the game, so a course lists at most 2047 libraries.
+std::int32_t GuidListSize(std::int16_t count) {
+  const std::int32_t size = header::GuidLength * count;
+  if (size > std::numeric_limits<std::int16_t>::max())
+    throw RuntimeError(ErrorNumber::Overflow);
+  return size;
+}
+
+} // namespace
+
+bool CourseFile::ReadFile() {
+  try {
+    const auto file = mState.platform.Files().OpenForBinaryRead(FileName);
+    if (file == nullptr)
+      return false;
+    ReadFields(*file);
+    return true;
+  } catch (const std::exception &error) {
+    mLastError = error.what();
+    return false;
+  }
+}
+
+void CourseFile::ReadFields(BinaryFile &file) {
+  FieldReader fields(file);
+  mVersion = fields.ReadWord();
+  mGUID = fields.ReadGUID();
+  fields.SkipBytes(header::IdentityReserved);
+  mName = fields.ReadString(header::NameLength);
+  fields.SkipBytes(header::BeforeLibraryCount);
+  mNumOfLibraries = fields.ReadWord();
+  fields.SkipBytes(header::BeforeNamesOffset);
+  const std::int32_t namesOffset = fields.ReadDword();
+  fields.SkipBytes(header::BeforeGuids);
+
+  std::vector<std::string> guids;
+  for (std::int16_t i = 0; i < mNumOfLibraries; ++i)
+    guids.push_back(fields.ReadGUID());
+  mLibraryGUIDS = std::move(guids);
+
+  mLibraryNames.clear();
+  if (mNumOfLibraries <= 0)
+    return;
+  const std::int32_t gap = namesOffset - header::GuidsOffset - GuidListSize(mNumOfLibraries);
+  if (gap < 0)
+    return;
+  fields.SkipBytes(gap);
+  mLibraryNames = fields.ReadStringList();
+}
+
+} // namespace turfdesk
