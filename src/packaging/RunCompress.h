@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 Turf Desk contributors
+
+#pragma once
+
+#include "platform/ListView.h"
+#include "platform/StatusWindow.h"
+#include "support/SharedState.h"
+
+#include <array>
+#include <string>
+#include <vector>
+
+namespace turfdesk {
+
+/// What a package is to be made of. Paths are full Windows paths.
+struct CompressRequest {
+  struct Library {
+    std::string path;
+    bool checked = true;
+  };
+
+  std::string packageName;
+  std::string courseFile;
+  /// Picture, music, video and text; "" for none. The video slot stays empty: no package carries the video.
+  std::array<std::string, 4> media;
+  /// In the order of the list; an unchecked one is left out without a question.
+  std::vector<Library> libraries;
+};
+
+/// The request for a course as a user finds it before changing anything: the package beside the course file, all
+/// libraries checked. course is a row of lstCourses; libraries is filled with the course's libraries, all checked.
+/// A course that names one library twice is RuntimeError 35602.
+CompressRequest ProposeCompress(SharedState &state, const Row &course, ListView &libraries);
+
+/// Takes package contents from the rows of a library list: column 1 the path, and whether each is checked.
+std::vector<CompressRequest::Library> LibrariesOf(const ListView &libraries);
+
+/// Writes the package: checks its name, asks about replacing it and about missing files, and compresses. Everything is
+/// told through the prompts; the verdict also stands in the window's route label. True when the package was written.
+/// Run-time errors are passed over, except that a fault of the compressing itself counts as failure.
+bool RunCompress(SharedState &state, const CompressRequest &request, StatusWindow &window);
+
+} // namespace turfdesk

@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 Turf Desk contributors
+
+#include "packaging/RunCompress.h"
+
+#include "catalogue/Catalogue.h"
+#include "catalogue/CatalogueRows.h"
+#include "packaging/basVorinZip.h"
+#include "support/basVorinFile.h"
+
+#include "common/TestWorld.h"
+#include "samples/GameFiles.h"
+
+#include <gtest/gtest.h>
+
+namespace turfdesk {
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+class RunCompressTest : public testing::Test {
+protected:
+  RunCompressTest() {
+    samples::WriteCourse(world.Host(R"(C:\Golf\Elm.hlc)"), {.name = "Elm"});
+    samples::WriteLibrary(world.Host(R"(C:\Golf\Grass.hlb)"), {.name = "Grass"});
+    samples::WriteFile(world.Host(R"(C:\Golf\Elm.bmp)"), samples::ToBytes("picture"));
+    request.packageName = R"(C:\Golf\Elm.hlz)";
+    request.courseFile = R"(C:\Golf\Elm.hlc)";
+    request.media[0] = R"(C:\Golf\Elm.bmp)";
+    request.libraries = {{R"(C:\Golf\Grass.hlb)", true}};
+  }
+
+  bool Run(const std::vector<bool> &answers = {}) {
+    world.boxes.answers = {answers.begin(), answers.end()};
+    return RunCompress(state, request, world.window);
+  }
+  /// Names in the package, in its order.
+  Texts Listed() {
+    Texts names;
+    const auto zip = world.platform->CreateZipLayer();
+    zip->ZipFilename = request.packageName;
+    zip->FilesToProcess = "*.*";
+    zip->ListingFile = [&names](const std::string &name) { names.push_back(name); };
+    EXPECT_EQ(zip->ListZipContents(), 0);
+    return names;
+  }
+
+  test::TestWorld world;
+  SharedState &state = world.state;
+  CompressRequest request;
+};
+
+const char *const MissingMedia = "\r\n\r\nFile does not exist. Do you wish to continue compressing without this file?";
+const char *const MissingLibrary =
+    "\r\n\r\nLibrary files does not exist. Do you wish to continue compressing without this library?";
+
+} // namespace
+
+TEST_F(RunCompressTest, WritesWhatTheRequestNames) {
+  request.libraries.push_back({R"(C:\Golf\unchecked and missing.hlb)", false});
+  EXPECT_TRUE(Run());
+  EXPECT_TRUE(world.boxes.shown.empty());
+  EXPECT_EQ(Listed(), (Texts{"Elm.hlc", "Elm.bmp", "Grass.hlb"}));
+  EXPECT_EQ(world.window.steps.front(), R"(Elm.hlc|"C:\Golf" to "C:\Golf\Elm.hlz")");
+  EXPECT_EQ(world.window.steps.size(), 3U);
+  EXPECT_EQ(world.window.file.caption + "|" + world.window.route.caption,
+            "|Course files have been successfully compressed.");
+  EXPECT_TRUE(world.window.closeShown);
+}
+
+TEST_F(RunCompressTest, QuestionsComeInTheOrderOfTheEntriesAndTheFirstNoEnds) {
+  samples::WriteFile(world.Host(request.packageName), samples::ToBytes("old package"));
+  request.media = {R"(C:\Golf\no.bmp)", R"(C:\Golf\no.wav)", "", R"(C:\Golf\no.txt)"};
+  request.libraries.push_back({"", true});
+  const Texts all = {request.packageName + "\r\n\r\nFile already exists. Do you wish to replace?",
+                     R"(C:\Golf\no.bmp)" + std::string(MissingMedia), R"(C:\Golf\no.wav)" + std::string(MissingMedia),
+                     R"(C:\Golf\no.txt)" + std::string(MissingMedia), MissingLibrary};
+  for (std::size_t refused = 0; refused < all.size(); ++refused) {
+    std::vector<bool> answers(all.size(), true);
+    answers[refused] = false;
+    EXPECT_FALSE(Run(answers));
+    EXPECT_EQ(world.boxes.TakeTexts(), Texts(all.begin(), all.begin() + static_cast<std::ptrdiff_t>(refused) + 1));
+    EXPECT_EQ(world.window.route.caption, "Error compressing course files.");
+    EXPECT_EQ(GetFileSize(state, request.packageName), 11) << "the old package is untouched";
+  }
+  EXPECT_TRUE(Run(std::vector<bool>(all.size(), true)));
+  EXPECT_EQ(Listed(), (Texts{"Elm.hlc", "Grass.hlb"}));
+}
+
+TEST_F(RunCompressTest, NamesAndSourcesThatCannotBeUsed) {
+  request.packageName = R"(C:\Golf\what?.hlz)";
+  EXPECT_FALSE(Run());
+  EXPECT_EQ(world.boxes.TakeTexts(),
+            Texts{"C:\\Golf\\what?.hlz\r\n\r\nCompress filename is invalid. Please select a valid filename."});
+  request.packageName = R"(C:\Golf\new.hlz)";
+  request.courseFile = R"(C:\Golf\gone.hlc)";
+  EXPECT_FALSE(Run());
+  EXPECT_EQ(world.boxes.TakeTexts(), Texts{"C:\\Golf\\gone.hlc\r\n\r\nCourse file does not exist."});
+  EXPECT_FALSE(FileExists(state, request.packageName));
+}
+
+TEST_F(RunCompressTest, AFaultOfTheZipLayerIsShownWithItsWords) {
+  world.MakeFolder(R"(C:\Golf\more)");
+  samples::WriteLibrary(world.Host(R"(C:\Golf\more\GRASS.hlb)"), {.name = "Another"});
+  request.libraries.push_back({R"(C:\Golf\more\GRASS.hlb)", true});
+  EXPECT_FALSE(Run());
+  EXPECT_EQ(world.boxes.TakeTexts(), Texts{"Error 370:  Name repeat."});
+  EXPECT_EQ(world.window.route.caption, "Error compressing course files.");
+  EXPECT_FALSE(FileExists(state, request.packageName));
+}
+
+TEST_F(RunCompressTest, TheProposalTakesEverythingOfTheRow) {
+  const samples::LibrarySpec grass{.name = "Grass"};
+  const samples::CourseSpec spec{.name = "Oak", .libraries = {grass, {.name = "Unknown"}}};
+  samples::WriteCourse(world.Host(R"(C:\Golf\Oak.v2.hlc)"), spec);
+  RegisterCourse(state, samples::KeyOf(spec), "Oak", R"(C:\Golf\Oak.v2.hlc)");
+  RegisterLibrary(state, samples::KeyOf(grass), "Grass", R"(C:\Golf\Grass.hlb)");
+  Row &row = state.lstCourses.Add(samples::KeyOf(spec), "Oak");
+  FillCourseRow(state, samples::KeyOf(spec), row);
+  row.SetSubItems(column::Music, "m");
+  row.SetSubItems(column::Video, "v");
+  row.SetSubItems(column::Text, "t");
+  ListView libraries;
+  const CompressRequest proposed = ProposeCompress(state, row, libraries);
+  EXPECT_EQ(proposed.packageName, R"(C:\Golf\Oak.v2.hlz)");
+  EXPECT_EQ(proposed.media, (std::array<std::string, 4>{"", "m", "", "t"}));
+  ASSERT_EQ(proposed.libraries.size(), 2U);
+  EXPECT_EQ(proposed.libraries[0].path + "|" + proposed.libraries[1].path, R"(C:\Golf\Grass.hlb|)");
+  EXPECT_TRUE(libraries.At(1).Checked());
+}
+
+TEST(ZipStatusTest, WordsBehindNumbers) {
+  const std::pair<std::int16_t, const char *> cases[] = {{0, ""},
+                                                         {10, "Error 10:  General warning."},
+                                                         {30, "Error 30:  No zip file."},
+                                                         {100, "Error 100:  No zip file."},
+                                                         {510, "Error 510:  Can't create dir."},
+                                                         {20, "Error 20:  "},
+                                                         {-5, "Error -5:  "}};
+  for (const auto &[code, text] : cases)
+    EXPECT_EQ(GetZipStatusText(code), text);
+}
+
+} // namespace turfdesk
