@@ -1,0 +1,170 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 Turf Desk contributors
+
+#include "install/InstallContent.h"
+
+#include "catalogue/Catalogue.h"
+#include "catalogue/CatalogueRows.h"
+#include "content/CourseFile.h"
+#include "content/LibraryFile.h"
+#include "platform/RuntimeError.h"
+#include "support/Prompts.h"
+#include "support/StringTable.h"
+#include "support/WorkInProgress.h"
+#include "support/basVorinFile.h"
+#include "support/basVorinString.h"
+
+#include <string>
+
+namespace turfdesk {
+
+namespace {
+
+/// Where courses and libraries differ; both are installed by the same steps.
+struct ContentKind {
+  bool (*keyExists)(SharedState &, std::string_view key);
+  bool (*registerEntry)(SharedState &, std::string_view key, std::string_view name, std::string_view filename);
+  void (*fillRow)(SharedState &, std::string_view key, Row &row);
+  void (*showCopyFailure)(SharedState &);
+  ListView SharedState::*list;
+  StringId replaceQuestion;
+  StringId otherDirectory;
+};
+
+void ShowFileError(SharedState &state) { ShowError(state, GetLastFileError(state)); }
+
+void ShowLibraryFileError(SharedState &state) {
+  std::string text = GetLastFileError(state);
+  if (text == ErrorText(ErrorNumber::PathFileAccess))
+    text += ". " + LoadResString(StringId::NotReadOnlyTryAgain);
+  ShowError(state, text);
+}
+
+constexpr ContentKind CourseKind = {&CourseKeyExists,
+                                    &RegisterCourse,
+                                    &FillCourseRow,
+                                    &ShowFileError,
+                                    &SharedState::lstCourses,
+                                    StringId::CourseExistsReplace,
+                                    StringId::CourseDifferentDirectory};
+
+constexpr ContentKind LibraryKind = {&LibraryKeyExists,
+                                     &RegisterLibrary,
+                                     &FillLibraryRow,
+                                     &ShowLibraryFileError,
+                                     &SharedState::lstLibraries,
+                                     StringId::LibraryExistsReplace,
+                                     StringId::LibraryDifferentDirectory};
+
+struct Content {
+  std::string guid;
+  std::string name;
+};
+
+struct Route {
+  std::string sourceDir;
+  std::string fileName;
+  std::string destDir;
+  std::string target;
+};
+
+Route PlanRoute(SharedState &state, std::string_view source, std::string_view destDir) {
+  Route route{GetPathPart(state, source), GetFilePart(state, source), std::string(destDir), std::string(source)};
+  if (!destDir.empty())
+    route.target = AddBackslash(destDir) + route.fileName;
+  return route;
+}
+
+enum class Decision { Install, Decline, Refuse };
+
+/// Weighs the catalogue, which knows the content by its identity, against the disk, which knows the file by its name.
+Decision Decide(SharedState &state, const ContentKind &kind, const Content &content, const Route &route) {
+  const bool installed = kind.keyExists(state, content.guid);
+  const bool inPlace = route.destDir.empty();
+  const bool targetExists = !inPlace && FileExists(state, route.target);
+  if (installed && (inPlace || targetExists)) {
+    const bool replace = AskYesNo(state, LoadResString(kind.replaceQuestion) + Newlines(2) + route.target);
+    return replace ? Decision::Install : Decision::Decline;
+  }
+  if (!installed && targetExists) {
+    ShowError(state, LoadResString(kind.otherDirectory) + Newlines(2) + route.target);
+    return Decision::Refuse;
+  }
+  return Decision::Install;
+}
+
+bool CopyAndRegister(SharedState &state, const ContentKind &kind, const Content &content, const Route &route,
+                     Label &fileLabel, Label &routeLabel) {
+  routeLabel.SetCaption(RouteText(route.sourceDir, route.destDir));
+  fileLabel.SetCaption(route.fileName);
+  state.screen.DoEvents();
+  if (!route.destDir.empty() && !CopyFile(state, route.sourceDir, route.fileName, route.destDir, route.fileName)) {
+    kind.showCopyFailure(state);
+    return false;
+  }
+  // Only now: a failed copy must leave no entry for the new place.
+  return kind.registerEntry(state, content.guid, content.name, route.target);
+}
+
+bool InstallAs(SharedState &state, const ContentKind &kind, const Content &content, const Route &route, Row *&row,
+               Label &fileLabel, Label &routeLabel) {
+  switch (Decide(state, kind, content, route)) {
+  case Decision::Refuse:
+    return false;
+  case Decision::Decline:
+    return true;
+  case Decision::Install:
+    break;
+  }
+  if (!CopyAndRegister(state, kind, content, route, fileLabel, routeLabel))
+    return false;
+  Row *shown = FindListRow(content.guid, content.name, state.*kind.list, true);
+  kind.fillRow(state, content.guid, *shown);
+  row = shown;
+  return true;
+}
+
+bool AcceptMissingLibraries(SharedState &state, const CourseFile &course) {
+  const auto &guids = course.LibraryGUIDS();
+  const auto &names = course.LibraryNames();
+  for (std::size_t i = 0; i < guids.size(); ++i) {
+    if (LibraryKeyExists(state, guids[i]))
+      continue;
+    if (i >= names.size())
+      throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
+    if (!AskYesNo(state, LoadResString(StringId::LibrariesNotFound) + Newlines(2) + names[i] + Newlines(3) +
+                             LoadResString(StringId::WishToContinue)))
+      return false;
+  }
+  return true;
+}
+
+} // namespace
+
+bool InstallCourse(SharedState &state, std::string_view source, std::string_view destDir, Row *&row, Label &fileLabel,
+                   Label &routeLabel) {
+  const Route route = PlanRoute(state, source, destDir);
+  CourseFile course(state);
+  course.FileName = source;
+  if (!course.ReadFile()) {
+    ShowError(state, course.LastError());
+    return false;
+  }
+  if (!AcceptMissingLibraries(state, course))
+    return false;
+  return InstallAs(state, CourseKind, {course.GUID(), course.Name()}, route, row, fileLabel, routeLabel);
+}
+
+bool InstallLibrary(SharedState &state, std::string_view source, std::string_view destDir, Row *&row, Label &fileLabel,
+                    Label &routeLabel) {
+  const Route route = PlanRoute(state, source, destDir);
+  LibraryFile library(state);
+  library.FileName = source;
+  if (!library.ReadFile()) {
+    ShowError(state, library.LastError());
+    return false;
+  }
+  return InstallAs(state, LibraryKind, {library.GUID(), library.Name()}, route, row, fileLabel, routeLabel);
+}
+
+} // namespace turfdesk
