@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 Turf Desk contributors
+
+#include "shell/LoadLists.h"
+
+#include "catalogue/Catalogue.h"
+#include "catalogue/CatalogueRows.h"
+#include "support/ErrorHandling.h"
+#include "support/StringTable.h"
+#include "support/basVorinRegistry.h"
+
+namespace turfdesk {
+
+namespace {
+
+using NameOf = std::string (*)(SharedState &, std::string_view key);
+using FillRow = void (*)(SharedState &, std::string_view key, Row &row);
+
+void FillList(SharedState &state, ListView &list, std::string_view listKey, NameOf nameOf, FillRow fillRow) {
+  const ListView::Update update(list);
+  list.SetSorted(true);
+  list.Clear();
+  for (const std::string &key : GetSubkeys(state, LocalMachine, listKey))
+    fillRow(state, key, list.Add(key, nameOf(state, key)));
+}
+
+void SelectFirstRow(const SharedState &state, ListView &list, std::int32_t which) {
+  list.Select(state.activeList == which && list.Count() > 0 ? &list.At(0) : nullptr);
+}
+
+} // namespace
+
+void LoadCourses(SharedState &state) {
+  Guarded(state, "frmTurfManager.LoadCourses(): ", [&state] {
+    FillList(state, state.lstCourses, CoursesKey, &GetCourseName, &FillCourseRow);
+    SelectFirstRow(state, state.lstCourses, ActiveCourses);
+  });
+}
+
+void LoadLibraries(SharedState &state) {
+  Guarded(state, "frmTurfManager.LoadLibraries(): ", [&state] {
+    FillList(state, state.lstLibraries, LibrariesKey, &GetLibraryName, &FillLibraryRow);
+    SelectFirstRow(state, state.lstLibraries, ActiveLibraries);
+  });
+}
+
+bool ListHasItems(SharedState &state, std::int32_t which) {
+  if (which == ActiveCourses && state.lstCourses.Count() == 0) {
+    ShowInfo(state, LoadResString(StringId::NoCourses));
+    return false;
+  }
+  if (which == ActiveLibraries && state.lstLibraries.Count() == 0) {
+    ShowInfo(state, LoadResString(StringId::NoLibraries));
+    return false;
+  }
+  return true;
+}
+
+void ActivateList(SharedState &state, std::int32_t which) {
+  state.activeList = which;
+  ListView &other = which == ActiveCourses ? state.lstLibraries : state.lstCourses;
+  other.Select(nullptr);
+}
+
+} // namespace turfdesk
