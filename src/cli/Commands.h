@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 Turf Desk contributors
+
+#pragma once
+
+#include "cli/Console.h"
+#include "cli/Transcript.h"
+#include "support/SharedState.h"
+
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace turfdesk {
+
+/// Exit statuses of turfctl.
+enum class ExitStatus { Done = 0, Failed = 1, Usage = 2, NoServices = 3 };
+
+/// What every command works with. out is where the one JSON object or the text for a person goes, errors is where
+/// messages go that the answer does not hold.
+struct CommandContext {
+  SharedState &state;
+  ConsoleStatusWindow &window;
+  Transcript &transcript;
+  std::ostream &out;
+  std::ostream &errors;
+  bool json = false;
+};
+
+struct ListOptions {
+  bool courses = true;
+  bool libraries = true;
+};
+ExitStatus ListContent(CommandContext &context, const ListOptions &options);
+/// name is the key or the name of a course or a library.
+ExitStatus ShowContent(CommandContext &context, const std::string &name);
+
+struct InstallOptions {
+  /// Host or Windows paths.
+  std::vector<std::string> files;
+  /// "" installs in place.
+  std::string destination;
+};
+ExitStatus InstallFiles(CommandContext &context, const InstallOptions &options);
+
+struct CompressOptions {
+  /// Key or name.
+  std::string course;
+  /// "" for the package beside the course file.
+  std::string output;
+  /// Keys or names of libraries of the course to leave out.
+  std::vector<std::string> without;
+};
+ExitStatus CompressCourse(CommandContext &context, const CompressOptions &options);
+
+ExitStatus ListSettings(CommandContext &context);
+ExitStatus GetSetting(CommandContext &context, const std::string &name);
+ExitStatus SetSetting(CommandContext &context, const std::string &name, const std::string &value);
+
+// The raw tree under HKEY_LOCAL_MACHINE.
+ExitStatus GetTreeValue(CommandContext &context, const std::string &key, const std::string &name);
+ExitStatus SetTreeValue(CommandContext &context, const std::string &key, const std::string &name,
+                        const std::string &value);
+ExitStatus ListTreeKeys(CommandContext &context, const std::string &key);
+ExitStatus DeleteTreeKey(CommandContext &context, const std::string &key);
+
+/// Prints what an operation did: its result, its verdict and, as JSON, all that it showed.
+ExitStatus ReportOperation(CommandContext &context, bool result, const std::string &verdict);
+
+/// The JSON object of an operation, as one text.
+std::string OperationJson(const Transcript &transcript, bool result, const std::string &verdict);
+
+/// The end of a command whose answer has been printed: Failed when an error was shown on the way.
+ExitStatus ReportAnswer(CommandContext &context);
+
+/// The row that key (without regard to case) or name stands for. Null when there is none or a name stands for several;
+/// the reason has then been shown. what is "course" or "library".
+Row *FindByKeyOrName(CommandContext &context, const ListView &list, const std::string &name, const std::string &what);
+
+} // namespace turfdesk

@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 Turf Desk contributors
+
+#include "cli/Commands.h"
+
+#include "catalogue/CatalogueRows.h"
+#include "install/RunInstall.h"
+#include "packaging/RunCompress.h"
+#include "platform/CaseFold.h"
+#include "platform/RuntimeError.h"
+#include "shell/LoadLists.h"
+#include "support/ErrorHandling.h"
+#include "support/basVorinFile.h"
+#include "support/basVorinString.h"
+
+#include <algorithm>
+
+namespace turfdesk {
+
+namespace {
+
+void ShowPathError(SharedState &state, const std::string &path, const std::string &words) {
+  ShowError(state, path + Newlines(2) + words);
+}
+
+/// The Windows form of a path, or "" after showing why there is none.
+std::string TakePath(SharedState &state, const std::string &given) {
+  std::string path = state.platform.ToWindowsPath(given);
+  if (path.empty())
+    ShowPathError(state, given, ErrorText(ErrorNumber::BadFileName));
+  return path;
+}
+
+/// What the install dialog could not have offered is refused before anything is installed.
+bool CanBeOffered(SharedState &state, const std::string &path) {
+  const std::string extension = FoldCase(GetExtension(state, path));
+  if (extension != "hlc" && extension != "hlb" && extension != "hlz") {
+    ShowPathError(state, path, "This is not a course, a library or a compressed course package.");
+    return false;
+  }
+  if (!FileExists(state, path)) {
+    ShowPathError(state, path, ErrorText(ErrorNumber::FileNotFound));
+    return false;
+  }
+  return true;
+}
+
+/// One request for each source folder, in the order in which the folders come up; files as the file list sorts them.
+bool GroupByFolder(SharedState &state, const InstallOptions &options, const std::string &destination,
+                   std::vector<InstallRequest> &requests) {
+  for (const std::string &given : options.files) {
+    const std::string path = TakePath(state, given);
+    if (path.empty() || !CanBeOffered(state, path))
+      return false;
+    const std::string folder = GetPathPart(state, path);
+    auto request = std::find_if(requests.begin(), requests.end(), [&folder](const InstallRequest &candidate) {
+      return EqualsIgnoringCase(candidate.sourceDir, folder);
+    });
+    if (request == requests.end())
+      request = requests.insert(request, {folder, destination.empty() ? folder : destination, {}});
+    request->files.push_back(GetFilePart(state, path));
+  }
+  for (InstallRequest &request : requests)
+    std::sort(request.files.begin(), request.files.end(), [](const std::string &left, const std::string &right) {
+      return std::pair(FoldCase(left), left) < std::pair(FoldCase(right), right);
+    });
+  return true;
+}
+
+bool TakeDestination(SharedState &state, const std::string &given, std::string &destination) {
+  if (given.empty())
+    return true;
+  destination = TakePath(state, given);
+  if (destination.empty())
+    return false;
+  if (DirExists(state, destination))
+    return true;
+  ShowPathError(state, destination, ErrorText(ErrorNumber::PathNotFound));
+  return false;
+}
+
+bool LeaveOut(CommandContext &context, ListView &libraries, const std::vector<std::string> &names) {
+  for (const std::string &name : names) {
+    Row *row = FindByKeyOrName(context, libraries, name, "library of this course");
+    if (row == nullptr)
+      return false;
+    row->SetChecked(false);
+  }
+  return true;
+}
+
+} // namespace
+
+ExitStatus InstallFiles(CommandContext &context, const InstallOptions &options) {
+  SharedState &state = context.state;
+  LoadCourses(state);
+  LoadLibraries(state);
+  std::string destination;
+  std::vector<InstallRequest> requests;
+  if (!TakeDestination(state, options.destination, destination) ||
+      !GroupByFolder(state, options, destination, requests))
+    return ReportOperation(context, false, "");
+
+  bool result = true;
+  for (const InstallRequest &request : requests) {
+    result = RunInstall(state, request, context.window);
+    if (!result)
+      break;
+  }
+  return ReportOperation(context, result, context.window.RouteLabel().Caption());
+}
+
+ExitStatus CompressCourse(CommandContext &context, const CompressOptions &options) {
+  SharedState &state = context.state;
+  LoadCourses(state);
+  LoadLibraries(state);
+  bool result = false;
+  Guarded(state, "frmTurfManager.btnCourseCompress_Click(): ", [&] {
+    if (!ListHasItems(state, ActiveCourses))
+      return;
+    const Row *course = FindByKeyOrName(context, state.lstCourses, options.course, "course");
+    if (course == nullptr)
+      return;
+    ListView libraries;
+    CompressRequest request = ProposeCompress(state, *course, libraries);
+    if (!LeaveOut(context, libraries, options.without))
+      return;
+    request.libraries = LibrariesOf(libraries);
+    if (!options.output.empty() && (request.packageName = TakePath(state, options.output)).empty())
+      return;
+    result = RunCompress(state, request, context.window);
+  });
+  return ReportOperation(context, result, context.window.RouteLabel().Caption());
+}
+
+} // namespace turfdesk

@@ -1,0 +1,181 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 Turf Desk contributors
+
+#include "shell/Main.h"
+#include "cli/Commands.h"
+#include "platform/Terminal.h"
+
+#include <CLI/CLI.hpp>
+
+#include <functional>
+#include <iostream>
+
+namespace turfdesk {
+
+namespace {
+
+struct GlobalOptions {
+  std::string home;
+  bool json = false;
+  bool yes = false;
+  bool no = false;
+  bool ask = false;
+
+  Answering AnsweringMode() const {
+    if (yes)
+      return Answering::AllYes;
+    if (no)
+      return Answering::AllNo;
+    return ask || InputIsTerminal() ? Answering::Ask : Answering::AllNo;
+  }
+};
+
+using Command = std::function<ExitStatus(CommandContext &)>;
+
+/// Everything that the command line can say. Options are bound to members, so the object stays while parsing runs.
+class CommandLine {
+public:
+  CommandLine() {
+    mApp.require_subcommand(1);
+    mApp.fallthrough();
+    mApp.add_option("--home", options.home, "Folder that holds settings and drives");
+    mApp.add_flag("--json", options.json, "Answer with one JSON object");
+    auto *answers = mApp.add_option_group("answers", "Who answers the questions");
+    answers->add_flag("--yes", options.yes, "Answer every question with Yes");
+    answers->add_flag("--no", options.no, "Answer every question with No");
+    answers->add_flag("--ask", options.ask, "Print each question and read a line from standard input");
+    answers->require_option(0, 1);
+    AddListCommands();
+    AddWorkCommands();
+    AddTreeCommands();
+  }
+
+  CLI::App &App() { return mApp; }
+
+  GlobalOptions options;
+  Command command;
+
+private:
+  void AddListCommands() {
+    auto *list = mApp.add_subcommand("list", "Print what is installed");
+    auto *courses = list->add_flag("--courses", mOnlyCourses, "Courses only");
+    list->add_flag("--libraries", mOnlyLibraries, "Libraries only")->excludes(courses);
+    Bind(list, [this](CommandContext &context) {
+      return ListContent(context, {.courses = !mOnlyLibraries, .libraries = !mOnlyCourses});
+    });
+    auto *show = mApp.add_subcommand("show", "Print what is known of one course or library");
+    show->add_option("name", mName, "Key or name")->required();
+    Bind(show, [this](CommandContext &context) { return ShowContent(context, mName); });
+  }
+
+  void AddWorkCommands() {
+    auto *install = mApp.add_subcommand("install", "Install courses, libraries and packages");
+    install->add_option("files", mInstall.files, "Host or Windows paths")->required();
+    install->add_option("--to", mInstall.destination, "Folder to install to; without it each file's own folder");
+    Bind(install, [this](CommandContext &context) { return InstallFiles(context, mInstall); });
+    auto *compress = mApp.add_subcommand("compress", "Write a course with its media and libraries into a package");
+    compress->add_option("course", mCompress.course, "Key or name")->required();
+    compress->add_option("--output", mCompress.output, "The package; without it beside the course file");
+    compress->add_option("--without", mCompress.without, "Key or name of a library to leave out")
+        ->allow_extra_args(false);
+    Bind(compress, [this](CommandContext &context) { return CompressCourse(context, mCompress); });
+  }
+
+  void AddTreeCommands() {
+    auto *settings = mApp.add_subcommand("settings", "The program's settings")->require_subcommand(1);
+    Bind(settings->add_subcommand("list", "Print all"), [](CommandContext &context) { return ListSettings(context); });
+    auto *get = settings->add_subcommand("get", "Print one");
+    get->add_option("name", mName, "Its name")->required();
+    Bind(get, [this](CommandContext &context) { return GetSetting(context, mName); });
+    auto *set = settings->add_subcommand("set", "Change one");
+    set->add_option("name", mName, "Its name")->required();
+    set->add_option("value", mValue, "Its new value")->required();
+    Bind(set, [this](CommandContext &context) { return SetSetting(context, mName, mValue); });
+
+    auto *tree = mApp.add_subcommand("tree", "The raw settings tree under HKEY_LOCAL_MACHINE")->require_subcommand(1);
+    auto *treeGet = tree->add_subcommand("get", "Print a value");
+    AddKeyAndName(treeGet);
+    Bind(treeGet, [this](CommandContext &context) { return GetTreeValue(context, mKey, mName); });
+    auto *treeSet = tree->add_subcommand("set", "Write a value, making its key");
+    AddKeyAndName(treeSet);
+    treeSet->add_option("value", mValue, "Its text")->required();
+    Bind(treeSet, [this](CommandContext &context) { return SetTreeValue(context, mKey, mName, mValue); });
+    auto *keys = tree->add_subcommand("keys", "Print the subkeys of a key");
+    keys->add_option("key", mKey, "Path of the key")->required();
+    Bind(keys, [this](CommandContext &context) { return ListTreeKeys(context, mKey); });
+    auto *deleteKey = tree->add_subcommand("delete", "Delete a key without subkeys");
+    deleteKey->add_option("key", mKey, "Path of the key")->required();
+    Bind(deleteKey, [this](CommandContext &context) { return DeleteTreeKey(context, mKey); });
+  }
+
+  void AddKeyAndName(CLI::App *app) {
+    app->add_option("key", mKey, "Path of the key")->required();
+    app->add_option("name", mName, "Name of the value; empty for the default value")->required();
+  }
+
+  void Bind(CLI::App *app, Command bound) {
+    app->callback([this, bound = std::move(bound)] { command = bound; });
+  }
+
+  CLI::App mApp{"Looks after the add-on courses and libraries of Marrowfell 2002", "turfctl"};
+  bool mOnlyCourses = false;
+  bool mOnlyLibraries = false;
+  std::string mName;
+  std::string mValue;
+  std::string mKey;
+  InstallOptions mInstall;
+  CompressOptions mCompress;
+};
+
+ExitStatus RunCommand(Platform &platform, const GlobalOptions &options, const Command &command) {
+  Transcript transcript;
+  ConsoleStatusWindow window;
+  ConsoleBoxes boxes(transcript, options.AnsweringMode(), std::cin, std::cerr, options.json ? nullptr : &std::cerr);
+  ConsoleScreen screen(transcript, window, options.json ? nullptr : &std::cout);
+  SharedState state(platform, boxes, screen);
+  CommandContext context{state, window, transcript, std::cout, std::cerr, options.json};
+  if (!Main(state, "")) {
+    ReportOperation(context, false, "");
+    return ExitStatus::NoServices;
+  }
+  platform.NoteCleanStart();
+  return command(context);
+}
+
+ExitStatus Fail(const GlobalOptions &options, const std::exception &error, ExitStatus status) {
+  if (options.json)
+    std::cout << OperationJson({{{"error", "Turf Desk", error.what(), "ok"}}, {}}, false, "") << std::endl;
+  else
+    std::cerr << error.what() << std::endl;
+  return status;
+}
+
+ExitStatus Run(const GlobalOptions &options, const Command &command) {
+  std::unique_ptr<Platform> platform;
+  try {
+    platform = MakePlatform(options.home);
+  } catch (const std::exception &error) {
+    return Fail(options, error, ExitStatus::NoServices);
+  }
+  try {
+    return RunCommand(*platform, options, command);
+  } catch (const std::exception &error) {
+    return Fail(options, error, ExitStatus::Failed);
+  }
+}
+
+int RunTurfctl(int argc, char **argv) {
+  CommandLine commandLine;
+  try {
+    commandLine.App().parse(argc, argv);
+  } catch (const CLI::ParseError &error) {
+    return commandLine.App().exit(error) == 0 ? 0 : static_cast<int>(ExitStatus::Usage);
+  }
+  return static_cast<int>(Run(commandLine.options, commandLine.command));
+}
+
+} // namespace
+
+} // namespace turfdesk
+
+int main(int argc, char **argv) { return turfdesk::RunTurfctl(argc, argv); }

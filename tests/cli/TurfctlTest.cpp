@@ -1,0 +1,177 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 Turf Desk contributors
+
+#include "common/TestWorld.h"
+#include "samples/GameFiles.h"
+#include "samples/Packages.h"
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include <cstdio>
+#include <fstream>
+#include <sys/wait.h>
+
+namespace turfdesk {
+
+namespace {
+
+using Json = nlohmann::json;
+
+struct Outcome {
+  int status = -1;
+  std::string output;
+  std::string errors;
+
+  Json Answer() const { return Json::parse(output); }
+};
+
+/// turfctl on a home of its own, run as a user runs it.
+class TurfctlTest : public testing::Test {
+protected:
+  Outcome Run(const std::string &arguments, const std::string &input = "") {
+    const std::filesystem::path errors = home.Path() / "errors";
+    const std::filesystem::path typed = home.Path() / "typed";
+    std::ofstream(typed) << input;
+    const std::string command = std::string(TURFCTL) + " --home '" + home.Path().string() + "' " + arguments + " < '" +
+                                typed.string() + "' 2> '" + errors.string() + "'";
+    Outcome outcome;
+    std::FILE *pipe = popen(command.c_str(), "r");
+    for (int c = std::fgetc(pipe); c != EOF; c = std::fgetc(pipe))
+      outcome.output += static_cast<char>(c);
+    outcome.status = WEXITSTATUS(pclose(pipe));
+    std::ifstream file(errors);
+    outcome.errors.assign(std::istreambuf_iterator<char>(file), {});
+    return outcome;
+  }
+
+  std::filesystem::path Host(const std::string &name) const { return home.Path() / "drive_c" / name; }
+
+  test::TempFolder home;
+  const samples::LibrarySpec grass{.name = "Grass"};
+  const samples::LibrarySpec trees{.name = "Trees"};
+  const samples::CourseSpec elm{.name = "Old Elm", .libraries = {grass, trees}};
+};
+
+} // namespace
+
+TEST_F(TurfctlTest, InstallsAPackageAndListsIt) {
+  samples::WritePackage(Host("in/elm.hlz"), {{"Old Elm.hlc", samples::CourseBytes(elm)},
+                                             {"Grass.hlb", samples::LibraryBytes(grass)},
+                                             {"Elm.txt", samples::ToBytes("notes")}});
+  std::filesystem::create_directories(Host("Golf"));
+  const Outcome installed = Run("--json --yes install '" + Host("in/elm.hlz").string() + R"(' --to 'C:\Golf')");
+  ASSERT_EQ(installed.status, 0) << installed.output << installed.errors;
+  const Json answer = installed.Answer();
+  EXPECT_EQ(answer["result"], true);
+  EXPECT_EQ(answer["verdict"], "Install completed successfully.");
+  EXPECT_EQ(
+      answer["messages"],
+      Json::array({{{"kind", "question"},
+                    {"title", "Turf Desk"},
+                    {"text", "The following required libraries were not found.\r\n\r\nTrees\r\n\r\n\r\nDo you wish "
+                             "to continue?"},
+                    {"answer", "yes"}}}));
+  ASSERT_EQ(answer["steps"].size(), 6U);
+  EXPECT_EQ(answer["steps"][0]["file"], "Old Elm.hlc");
+  EXPECT_EQ(answer["steps"][5]["file"], "Elm.txt");
+
+  const Json lists = Run("--json list").Answer();
+  EXPECT_EQ(lists["courses"], Json::array({{{"key", samples::KeyOf(elm)},
+                                            {"name", "Old Elm"},
+                                            {"filename", R"(C:\Golf\Old Elm.hlc)"},
+                                            {"size", 4096},
+                                            {"libraries", {samples::KeyOf(grass), samples::KeyOf(trees)}},
+                                            {"picture", ""},
+                                            {"music", ""},
+                                            {"video", ""},
+                                            {"text", R"(C:\Golf\Elm.txt)"}}}));
+  EXPECT_EQ(lists["libraries"].size(), 1U);
+  EXPECT_FALSE(Run("--json list --libraries").Answer().contains("courses"));
+  EXPECT_EQ(Run("--json show grass").Answer()["library"]["courses"], Json::array({"Old Elm"}));
+}
+
+TEST_F(TurfctlTest, AnswersComeFromWhereTheUserSays) {
+  samples::WriteCourse(Host("elm.hlc"), elm);
+  const std::string install = "install '" + Host("elm.hlc").string() + "'";
+  struct Case {
+    const char *option;
+    const char *input;
+    int status;
+    int questions;
+  };
+  const Case cases[] = {{"--no", "y\ny\n", 1, 1},
+                        {"", "y\ny\n", 1, 1},
+                        {"--ask", "y\nno\n", 1, 2},
+                        {"--ask", "yes\n", 1, 2},
+                        {"--ask", "Y\r\nOK\n", 0, 2}};
+  for (const Case &c : cases) {
+    const Outcome outcome = Run(std::string("--json ") + c.option + " " + install, c.input);
+    EXPECT_EQ(outcome.status, c.status) << c.option << c.input;
+    EXPECT_EQ(outcome.Answer()["messages"].size(), static_cast<std::size_t>(c.questions)) << outcome.output;
+  }
+  const Outcome plain = Run("--yes " + install);
+  EXPECT_EQ(plain.status, 0);
+  EXPECT_NE(plain.errors.find("Do you wish to replace?"), std::string::npos);
+  EXPECT_NE(plain.output.find("Install completed successfully."), std::string::npos);
+}
+
+TEST_F(TurfctlTest, InstallsFolderByFolderInTheOrderOfTheFileLists) {
+  samples::WriteCourse(Host("a/Elm.hlc"), {.name = "Elm"});
+  samples::WriteLibrary(Host("a/B.hlb"), grass);
+  samples::WriteLibrary(Host("b/T.hlb"), trees);
+  const Json answer = Run(R"(--json install 'C:\b\T.hlb' 'C:\a\Elm.hlc' 'c:\A\B.hlb')").Answer();
+  std::string order;
+  for (const Json &step : answer["steps"])
+    order += step["file"].get<std::string>() + " ";
+  EXPECT_EQ(order, "T.hlb B.hlb Elm.hlc ");
+}
+
+TEST_F(TurfctlTest, CompressesWithoutWhatIsLeftOut) {
+  samples::WriteCourse(Host("elm.hlc"), elm);
+  samples::WriteLibrary(Host("g.hlb"), grass);
+  samples::WriteLibrary(Host("t.hlb"), trees);
+  ASSERT_EQ(Run(R"(install 'C:\g.hlb' 'C:\t.hlb' 'C:\elm.hlc')").status, 1) << "elm comes first in the file list";
+  ASSERT_EQ(Run(R"(--yes install 'C:\g.hlb' 'C:\t.hlb' 'C:\elm.hlc')").status, 0);
+  const Json answer = Run(R"(--json compress 'OLD elm' --output 'C:\out.hlz' --without trees)").Answer();
+  EXPECT_EQ(answer["verdict"], "Course files have been successfully compressed.");
+  ASSERT_EQ(answer["steps"].size(), 2U);
+  EXPECT_EQ(answer["steps"][1]["file"], "g.hlb");
+  EXPECT_TRUE(std::filesystem::exists(Host("out.hlz")));
+  EXPECT_EQ(Run("compress 'Old Elm' --without nothing").status, 1);
+}
+
+TEST_F(TurfctlTest, SettingsAndTree) {
+  EXPECT_EQ(Run("settings get target").output, "C:\\KESTRAVON\n");
+  EXPECT_EQ(Run(R"(settings set Target 'D:\x')").status, 0);
+  EXPECT_EQ(Run("--json settings list").Answer()["settings"]["Target"], R"(D:\x)");
+  EXPECT_EQ(Run("settings get Nothing").status, 1);
+  const std::string key = R"('Software\Sample')";
+  EXPECT_EQ(Run("tree set " + key + " '' 'the default'").status, 0);
+  EXPECT_EQ(Run("tree set " + key + "'\\sub' name ''").status, 0);
+  EXPECT_EQ(Run("tree get " + key + " ''").output, "the default\n");
+  EXPECT_EQ(Run("tree keys " + key).output, "sub\n");
+  EXPECT_EQ(Run("tree delete " + key).status, 1) << "it has a subkey";
+  EXPECT_EQ(Run("tree delete " + key + "'\\SUB'").status, 0);
+  EXPECT_EQ(Run("tree delete " + key).status, 0);
+  EXPECT_EQ(Run("tree keys " + key).status, 1);
+}
+
+TEST_F(TurfctlTest, ExitStatusesTellUsageAndServicesApart) {
+  EXPECT_EQ(Run("--help").status, 0);
+  for (const char *wrong : {"", "dance", "--yes --no list", "install", "tree get x"})
+    EXPECT_EQ(Run(wrong).status, 2) << wrong;
+  for (const char *failing : {R"(install 'C:\none.hlc')", R"(install 'C:\notes.txt')", "show nothing"}) {
+    const Outcome outcome = Run(std::string("--json ") + failing);
+    EXPECT_EQ(outcome.status, 1) << failing;
+    EXPECT_EQ(outcome.Answer()["messages"].size(), 1U) << failing;
+  }
+  ASSERT_EQ(Run("list").status, 0);
+  std::ofstream(home.Path() / "settings.db") << "not a settings store";
+  const Outcome damaged = Run("--json list");
+  EXPECT_EQ(damaged.status, 3);
+  EXPECT_EQ(damaged.Answer()["messages"].size(), 3U) << damaged.output;
+  EXPECT_EQ(Run("list").status, 0) << "the repair made it usable again";
+}
+
+} // namespace turfdesk
