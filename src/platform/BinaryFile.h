@@ -24,7 +24,7 @@ public:
   virtual std::size_t Read(std::span<std::uint8_t> buffer) = 0;
   /// Moves the place of the next Read to an offset from the start of the file.
   virtual void Seek(std::uint64_t offset) = 0;
-  /// Size of the file in bytes at this moment.
+  /// Size of the file in bytes when it was opened.
   virtual std::uint64_t Size() = 0;
   /// When the content was last changed, in seconds since 1970. Throws RuntimeError 57 when the device fails.
   virtual std::int64_t ModificationTime() = 0;

@@ -17,6 +17,7 @@ namespace turfdesk {
 ///
 /// Each method gives a 16-bit status: 0 for success, else a number of GetZipStatusText (docs/zip-status.md tells which
 /// fault gives which).
+/// What a handler throws goes on to the caller of the method, after the work has been dropped and cleaned up.
 class ZipLayer {
 public:
   ZipLayer() = default;
