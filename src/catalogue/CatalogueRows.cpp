@@ -12,19 +12,41 @@ namespace turfdesk {
 
 namespace {
 
-std::string DecimalText(double bytes) { return std::to_string(static_cast<unsigned long long>(bytes)); }
+constexpr const char *ReadingLabel = "basCourseProperties.GetLibrariesInCourse(): ";
 
-void FillFileColumns(SharedState &state, std::string_view key, const std::string &filename, Row &row) {
-  row.SetTag(key);
-  row.SetSubItems(column::Filename, filename);
-  row.SetSubItems(column::Size, DecimalText(GetFileSize(state, filename)));
+std::string JoinKeys(const std::vector<std::string> &keys) {
+  std::string joined;
+  for (const std::string &key : keys)
+    joined.append(joined.empty() ? 0 : 1, ',').append(key);
+  return joined;
+}
+
+/// Reads the course at a path and gives its library list, "" where it cannot be read.
+std::string ReadLibraryList(SharedState &state, CourseFile &course, std::string_view path) {
+  std::string libraries;
+  Guarded(state, ReadingLabel, [&] {
+    course.FileName = path;
+    if (course.ReadFile())
+      libraries = JoinKeys(course.LibraryGUIDS());
+  });
+  return libraries;
+}
+
+void SetSize(Row &row, double bytes) {
+  row.SetSubItems(column::Size, std::to_string(static_cast<unsigned long long>(bytes)));
 }
 
 } // namespace
 
 void FillCourseRow(SharedState &state, std::string_view courseKey, Row &row) {
-  FillFileColumns(state, courseKey, GetCourseFilename(state, courseKey), row);
-  row.SetSubItems(column::Libraries, GetLibrariesInCourse(state, courseKey));
+  const std::string filename = GetCourseFilename(state, courseKey);
+  row.SetTag(courseKey);
+  row.SetSubItems(column::Filename, filename);
+  // The list of a large catalogue spends its time here: one opening of the file serves its size and its libraries.
+  CourseFile course(state);
+  const std::string libraries = ReadLibraryList(state, course, filename);
+  SetSize(row, course.FileSize() > 0 ? static_cast<double>(course.FileSize()) : GetFileSize(state, filename));
+  row.SetSubItems(column::Libraries, libraries);
   row.SetSubItems(column::Picture, GetCoursePicture(state, courseKey));
   row.SetSubItems(column::Music, GetCourseMusic(state, courseKey));
   row.SetSubItems(column::Video, GetCourseVideo(state, courseKey));
@@ -32,23 +54,17 @@ void FillCourseRow(SharedState &state, std::string_view courseKey, Row &row) {
 }
 
 void FillLibraryRow(SharedState &state, std::string_view libraryKey, Row &row) {
-  FillFileColumns(state, libraryKey, GetLibraryFilename(state, libraryKey), row);
+  const std::string filename = GetLibraryFilename(state, libraryKey);
+  row.SetTag(libraryKey);
+  row.SetSubItems(column::Filename, filename);
+  SetSize(row, GetFileSize(state, filename));
 }
 
 std::string GetLibrariesInCourse(SharedState &state, std::string_view courseKey) {
-  std::string libraries;
-  const bool read = Guarded(state, "basCourseProperties.GetLibrariesInCourse(): ", [&] {
-    CourseFile course(state);
-    course.FileName = GetCourseFilename(state, courseKey);
-    if (!course.ReadFile())
-      return;
-    for (const std::string &guid : course.LibraryGUIDS()) {
-      if (!libraries.empty())
-        libraries += ',';
-      libraries += guid;
-    }
-  });
-  return read ? libraries : std::string();
+  CourseFile course(state);
+  std::string filename;
+  Guarded(state, ReadingLabel, [&] { filename = GetCourseFilename(state, courseKey); });
+  return ReadLibraryList(state, course, filename);
 }
 
 Row *FindListRow(std::string_view key, std::string_view text, ListView &list, bool addIfMissing) {

@@ -7,12 +7,16 @@
 #include "content/FileHeader.h"
 #include "platform/RuntimeError.h"
 
+#include <algorithm>
 #include <exception>
 #include <limits>
 
 namespace turfdesk {
 
 namespace {
+
+// A count is only a claim; memory for more is taken as the list turns out to be that long.
+constexpr std::int16_t UsualLibraries = 64;
 
 /// 16 N is a 16-bit number for the game, so a course lists at most 2047 libraries.
 std::int32_t GuidListSize(std::int16_t count) {
@@ -29,6 +33,7 @@ bool CourseFile::ReadFile() {
     const auto file = mState.platform.Files().OpenForBinaryRead(FileName);
     if (file == nullptr)
       return false;
+    mFileSize = file->Size();
     ReadFields(*file);
     return true;
   } catch (const std::exception &error) {
@@ -50,6 +55,7 @@ void CourseFile::ReadFields(BinaryFile &file) {
   fields.SkipBytes(header::BeforeGuids);
 
   std::vector<std::string> guids;
+  guids.reserve(static_cast<std::size_t>(std::clamp<std::int16_t>(mNumOfLibraries, 0, UsualLibraries)));
   for (std::int16_t i = 0; i < mNumOfLibraries; ++i)
     guids.push_back(fields.ReadGUID());
   mLibraryGUIDS = std::move(guids);

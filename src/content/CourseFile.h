@@ -29,6 +29,8 @@ public:
   const std::string &Name() const { return mName; }
   /// The course's identity, as FieldReader::ReadGUID gives it.
   const std::string &GUID() const { return mGUID; }
+  /// Size of the file in bytes, which the reading learns on the way; 0 when it could not be opened.
+  std::uint64_t FileSize() const { return mFileSize; }
   /// The first field of the file. No check rests on it.
   std::int16_t Version() const { return mVersion; }
   /// The field of that name; negative counts as none.
@@ -44,6 +46,7 @@ private:
   std::string mLastError;
   std::string mName;
   std::string mGUID;
+  std::uint64_t mFileSize = 0;
   std::int16_t mVersion = 0;
   std::int16_t mNumOfLibraries = 0;
   std::vector<std::string> mLibraryNames;

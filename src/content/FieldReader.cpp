@@ -106,20 +106,20 @@ std::string FieldReader::ReadGUID() {
   // -1 is a dash; the others are places in the field.
   static constexpr std::array<int, 20> Order = {3, 2, 1, 0, -1, 5, 4, -1, 7, 6, -1, 8, 9, -1, 10, 11, 12, 13, 14, 15};
   static constexpr std::string_view Digits = "0123456789ABCDEF";
-  std::string text;
-  text.reserve(38);
-  text += '{';
+  std::array<char, 38> text;
+  char *next = text.data();
+  *next++ = '{';
   for (const int place : Order) {
     if (place < 0) {
-      text += '-';
+      *next++ = '-';
       continue;
     }
     const std::uint8_t byte = bytes[static_cast<std::size_t>(place)];
-    text += Digits[byte >> 4];
-    text += Digits[byte & 0xF];
+    *next++ = Digits[byte >> 4];
+    *next++ = Digits[byte & 0xF];
   }
-  text += '}';
-  return text;
+  *next = '}';
+  return {text.data(), text.size()};
 }
 
 void FieldReader::Refill() {

@@ -10,13 +10,19 @@
 
 namespace turfdesk {
 
+namespace {
+
+// What the rows of courses need, so that filling one takes memory once.
+constexpr std::size_t UsualColumns = 7;
+
+} // namespace
+
 void Row::SetTag(std::string_view tag) {
   if (tag == mTag)
     return;
   mList.UnlinkTag(*this);
   mTag = tag;
-  if (!mTag.empty())
-    mList.mByTag.emplace(mTag, this);
+  mList.LinkTag(*this);
   mList.TellChanged(*this);
 }
 
@@ -44,8 +50,10 @@ void Row::SetSubItems(int column, std::string_view text) {
   if (column < 1)
     throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
   const auto index = static_cast<std::size_t>(column - 1);
-  if (index >= mSubItems.size())
+  if (index >= mSubItems.size()) {
+    mSubItems.reserve(UsualColumns);
     mSubItems.resize(index + 1);
+  }
   mSubItems[index] = text;
   mList.TellChanged(*this);
 }
@@ -63,11 +71,11 @@ bool ListView::StandsBefore(const Row &left, const Row &right) {
 }
 
 Row &ListView::Add(std::string_view key, std::string_view text) {
-  if (!key.empty() && mByKey.contains(key))
-    throw RuntimeError(ErrorNumber::KeyNotUnique);
   std::unique_ptr<Row> owned(new Row(*this));
   Row &row = *owned;
   row.mKey = key;
+  if (!key.empty() && !mByKey.emplace(row.mKey, &row).second)
+    throw RuntimeError(ErrorNumber::KeyNotUnique);
   row.mText = text;
   row.mFoldedText = FoldCase(text);
 
@@ -75,8 +83,6 @@ Row &ListView::Add(std::string_view key, std::string_view text) {
   if (Observed())
     mObserver->BeforeInsert(index);
   mRows.insert(mRows.begin() + static_cast<std::ptrdiff_t>(index), std::move(owned));
-  if (!row.mKey.empty())
-    mByKey.emplace(row.mKey, &row);
   if (Observed())
     mObserver->AfterInsert(index);
   return row;
@@ -107,6 +113,7 @@ void ListView::Clear() {
   const Update update(*this);
   Select(nullptr);
   mByTag.clear();
+  mTagsIndexed = false;
   mByKey.clear();
   mRows.clear();
 }
@@ -130,6 +137,7 @@ Row *ListView::FindKey(std::string_view key) const {
 Row *ListView::FindItem(std::string_view tagBeginning) const {
   if (tagBeginning.empty())
     return mRows.empty() ? nullptr : mRows.front().get();
+  IndexTags();
   std::vector<Row *> matches;
   for (auto candidate = mByTag.lower_bound(tagBeginning);
        candidate != mByTag.end() && candidate->first.starts_with(tagBeginning); ++candidate)
@@ -184,8 +192,22 @@ void ListView::TellChanged(const Row &row) {
     mObserver->RowChanged(IndexOf(row));
 }
 
+void ListView::IndexTags() const {
+  if (mTagsIndexed)
+    return;
+  for (const auto &row : mRows)
+    if (!row->mTag.empty())
+      mByTag.emplace(row->mTag, row.get());
+  mTagsIndexed = true;
+}
+
+void ListView::LinkTag(Row &row) {
+  if (mTagsIndexed && !row.mTag.empty())
+    mByTag.emplace(row.mTag, &row);
+}
+
 void ListView::UnlinkTag(const Row &row) {
-  if (row.mTag.empty())
+  if (!mTagsIndexed || row.mTag.empty())
     return;
   const auto [first, last] = mByTag.equal_range(row.mTag);
   const auto found = std::find_if(first, last, [&row](const auto &entry) { return entry.second == &row; });

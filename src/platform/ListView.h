@@ -133,11 +133,15 @@ private:
   std::size_t SortedPlace(const Row &row) const;
   void PlaceAgain(std::size_t from);
   void TellChanged(const Row &row);
+  void LinkTag(Row &row);
   void UnlinkTag(const Row &row);
+  void IndexTags() const;
 
   std::vector<std::unique_ptr<Row>> mRows;
   std::unordered_map<std::string_view, Row *> mByKey;
-  std::multimap<std::string_view, Row *> mByTag;
+  // Made when it is first asked for, and kept up from then on: loading a long list needs none.
+  mutable std::multimap<std::string_view, Row *> mByTag;
+  mutable bool mTagsIndexed = false;
   Row *mSelected = nullptr;
   ListViewObserver *mObserver = nullptr;
   int mUpdateDepth = 0;
