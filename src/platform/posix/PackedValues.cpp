@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 Turf Desk contributors
+
+#include "platform/posix/PackedValues.h"
+
+#include <cstring>
+
+namespace turfdesk {
+
+std::optional<SettingsValue> PackedValues::Find(std::string_view foldedName) const {
+  const std::size_t offset = OffsetOf(foldedName);
+  if (offset == mBytes.size())
+    return std::nullopt;
+  const Head head = HeadAt(offset);
+  const char *data = mBytes.data() + offset + sizeof head + head.nameLength;
+  SettingsValue value{head.type, 0, {}};
+  if (head.type == SettingsType::Number)
+    std::memcpy(&value.number, data, sizeof value.number);
+  else
+    value.text = {data, head.dataLength};
+  return value;
+}
+
+void PackedValues::Set(std::string_view foldedName, const SettingsValue &value) {
+  const std::size_t offset = OffsetOf(foldedName);
+  if (offset != mBytes.size())
+    mBytes.erase(offset, HeadAt(offset).Size());
+  Append(foldedName, value);
+}
+
+void PackedValues::Append(std::string_view foldedName, const SettingsValue &value) {
+  const std::string_view number(reinterpret_cast<const char *>(&value.number), sizeof value.number);
+  const std::string_view data = value.type == SettingsType::Number ? number : value.text;
+  const Head head{static_cast<std::uint32_t>(foldedName.size()), value.type, static_cast<std::uint32_t>(data.size())};
+  mBytes.append(reinterpret_cast<const char *>(&head), sizeof head).append(foldedName).append(data);
+}
+
+PackedValues::Head PackedValues::HeadAt(std::size_t offset) const {
+  Head head{};
+  std::memcpy(&head, mBytes.data() + offset, sizeof head);
+  return head;
+}
+
+std::size_t PackedValues::OffsetOf(std::string_view foldedName) const {
+  std::size_t offset = 0;
+  while (offset < mBytes.size()) {
+    const Head head = HeadAt(offset);
+    if (std::string_view(mBytes.data() + offset + sizeof head, head.nameLength) == foldedName)
+      return offset;
+    offset += head.Size();
+  }
+  return offset;
+}
+
+} // namespace turfdesk

@@ -1,0 +1,165 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 Turf Desk contributors
+
+#include "platform/posix/PosixRegistryService.h"
+
+#include "platform/CaseFold.h"
+#include "platform/posix/PosixSettings.h"
+
+namespace turfdesk {
+
+namespace {
+
+constexpr std::string_view noTree = "There is no settings tree of this name";
+constexpr std::string_view noKey = "There is no such settings key";
+
+std::optional<RegistryRoot> RootNamed(std::string_view name) {
+  if (EqualsIgnoringCase(name, "HKEY_LOCAL_MACHINE"))
+    return RegistryRoot::LocalMachine;
+  if (EqualsIgnoringCase(name, "HKEY_CLASSES_ROOT"))
+    return RegistryRoot::ClassesRoot;
+  return std::nullopt;
+}
+
+/// Is it the store's refusal of this one request, as opposed to a store that cannot be used?
+bool IsRefusal(const RuntimeError &error) {
+  return error.Number() == ErrorNumber::PathFileAccess || error.Number() == ErrorNumber::BadFileName ||
+         error.Number() == ErrorNumber::DiskFull;
+}
+
+} // namespace
+
+std::unique_ptr<RegistryService> OpenRegistryService(const std::string &home) {
+  return std::make_unique<PosixRegistryService>(home);
+}
+
+void PosixRegistryService::SetRootKey(std::string_view rootName) {
+  mLastError = 0;
+  mRoot = RootNamed(rootName);
+  if (!mRoot)
+    Fail(ErrorNumber::PathNotFound, noTree);
+}
+
+bool PosixRegistryService::KeyExists(std::string_view keyPath) {
+  mLastError = 0;
+  return mRoot && mStore.Find(*mRoot, keyPath);
+}
+
+template <typename Request> bool PosixRegistryService::Attempt(const Request &request) {
+  try {
+    return request();
+  } catch (const RuntimeError &error) {
+    if (!IsRefusal(error))
+      throw;
+    return Fail(error.Number(), error.Description());
+  }
+}
+
+bool PosixRegistryService::OpenKey(std::string_view keyPath, bool create) {
+  mLastError = 0;
+  mIsOpen = false;
+  if (!mRoot)
+    return Fail(ErrorNumber::PathNotFound, noTree);
+  if (!mStore.Find(*mRoot, keyPath)) {
+    if (!create)
+      return Fail(ErrorNumber::PathNotFound, noKey);
+    if (!Attempt([&] { return mStore.CreateKey(*mRoot, keyPath), true; }))
+      return false;
+  }
+  mOpenRoot = *mRoot;
+  mOpenPath = keyPath;
+  mIsOpen = true;
+  return true;
+}
+
+bool PosixRegistryService::DeleteKey(std::string_view keyPath) {
+  mLastError = 0;
+  if (!mRoot)
+    return Fail(ErrorNumber::PathNotFound, noTree);
+  return Attempt([&] {
+    const SettingsStore::Deletion result = mStore.DeleteKey(*mRoot, keyPath);
+    if (result == SettingsStore::Deletion::NoSuchKey)
+      return Fail(ErrorNumber::PathNotFound, noKey);
+    if (result == SettingsStore::Deletion::HasSubkeys)
+      return Fail(ErrorNumber::PathFileAccess, "A settings key that has subkeys is not deleted");
+    return true;
+  });
+}
+
+std::int32_t PosixRegistryService::SubkeyCount() {
+  const SettingsKey *key = OpenedKey();
+  return key ? static_cast<std::int32_t>(key->subkeys.size()) : 0;
+}
+
+std::string PosixRegistryService::SubkeyName(std::int32_t index) {
+  const SettingsKey *key = OpenedKey();
+  if (!key || index < 0 || static_cast<std::size_t>(index) >= key->subkeys.size())
+    throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
+  return key->subkeys[static_cast<std::size_t>(index)]->name;
+}
+
+bool PosixRegistryService::ValueExists(std::string_view valueName) {
+  const SettingsKey *key = OpenedKey();
+  return key && key->FindValue(valueName);
+}
+
+std::int32_t PosixRegistryService::GetLongValue(std::string_view valueName) {
+  const auto value = OpenedValue(valueName);
+  if (!value)
+    return 0;
+  if (value->type != SettingsType::Number)
+    Fail(ErrorNumber::FileNotFound, "The settings value is no number");
+  return value->number;
+}
+
+std::string PosixRegistryService::GetStringValue(std::string_view valueName) {
+  const auto value = OpenedValue(valueName);
+  if (!value)
+    return "";
+  return value->type == SettingsType::Number ? std::to_string(value->number) : std::string(value->text);
+}
+
+void PosixRegistryService::SetLongValue(std::string_view valueName, std::int32_t value) {
+  SetValue(valueName, {SettingsType::Number, value, {}});
+}
+
+void PosixRegistryService::SetStringValue(std::string_view valueName, std::string_view value) {
+  SetValue(valueName, {SettingsType::Text, 0, value});
+}
+
+void PosixRegistryService::SetValue(std::string_view valueName, const SettingsValue &value) {
+  mLastError = 0;
+  if (!mIsOpen) {
+    Fail(ErrorNumber::ObjectNotSet, ErrorText(ErrorNumber::ObjectNotSet));
+    return;
+  }
+  try {
+    if (!mStore.SetValue(mOpenRoot, mOpenPath, valueName, value))
+      Fail(ErrorNumber::PathNotFound, "The settings key has been deleted meanwhile");
+  } catch (const RuntimeError &error) {
+    Fail(error.Number(), error.Description());
+  }
+}
+
+const SettingsKey *PosixRegistryService::OpenedKey() {
+  mLastError = 0;
+  if (!mIsOpen)
+    throw RuntimeError(ErrorNumber::ObjectNotSet);
+  return mStore.Find(mOpenRoot, mOpenPath);
+}
+
+std::optional<SettingsValue> PosixRegistryService::OpenedValue(std::string_view valueName) {
+  const SettingsKey *key = OpenedKey();
+  const auto value = key ? key->FindValue(valueName) : std::nullopt;
+  if (!value)
+    Fail(ErrorNumber::FileNotFound, "There is no such settings value");
+  return value;
+}
+
+bool PosixRegistryService::Fail(ErrorNumber number, std::string_view words) {
+  mLastError = static_cast<long>(number);
+  mLastErrorText = words;
+  return false;
+}
+
+} // namespace turfdesk

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 Turf Desk contributors
+
+#pragma once
+
+#include "platform/posix/Descriptor.h"
+
+#include <chrono>
+#include <cstdint>
+#include <string>
+
+namespace turfdesk {
+
+/// The host paths of all that the settings consist of.
+struct SettingsPaths {
+  explicit SettingsPaths(const std::string &homeFolder);
+
+  std::string home;
+  std::string store;
+  std::string goodCopy;
+  /// A store under construction. It takes its real name when it is complete; what a crash leaves of it is worthless.
+  std::string unfinished;
+  std::string lock;
+};
+
+/// The journal that SQLite keeps beside a database file.
+std::string JournalOf(const std::string &databaseFile);
+
+/// The lock between our own programs, for what SQLite's locks cannot cover: replacing the file itself. Whoever uses
+/// the store holds it shared for the time of a transaction; whoever puts another file in its place holds it alone.
+/// The kernel lets go of it when the holder dies.
+class SettingsLock {
+public:
+  enum class Mode { Shared, Alone };
+
+  /// Waits for patience, then throws RuntimeError 70. A lock file that cannot be made (in a read-only folder, where
+  /// nobody can replace the store either) is an error only for Mode::Alone: RuntimeError 75.
+  SettingsLock(const SettingsPaths &paths, Mode mode, std::chrono::milliseconds patience);
+
+private:
+  Descriptor mLockFile;
+};
+
+/// The header of the store, mapped into memory so that a look at it costs no system call.
+class StoreHeader {
+public:
+  /// Throws RuntimeError 75 when the file cannot be read.
+  ///
+  /// Opens the file and closes it again. Closing any descriptor of a file drops all locks that this process has on it,
+  /// SQLite's too. That is harmless as long as no transaction is under way in this process, which holds because the
+  /// program has one thread and every transaction begins and ends inside one call that runs no code of its caller.
+  ///
+  /// The mapping needs a file of at least one page as long as it lasts. A store is never shorter: it comes into being
+  /// complete, under another name, and SQLite cuts off only pages behind the first.
+  explicit StoreHeader(const std::string &storePath);
+  StoreHeader(const StoreHeader &) = delete;
+  StoreHeader &operator=(const StoreHeader &) = delete;
+  ~StoreHeader();
+
+  /// The number that SQLite raises by one with every transaction that changes the file.
+  std::uint32_t ChangeCounter() const;
+
+private:
+  void *mPage = nullptr;
+};
+
+/// Makes the home folder, its owner's alone, when it is missing. Throws RuntimeError 75.
+void MakeHomeFolder(const SettingsPaths &paths);
+/// Throws RuntimeError 75 unless the owner may write the store. Asks for the permission bits, which hold for the
+/// superuser as well.
+void CheckWritable(const SettingsPaths &paths);
+/// Size in bytes; -1 when there is no such file.
+std::int64_t SizeOfFile(const std::string &path);
+/// Opens a file for reading. The descriptor is not open when that fails.
+Descriptor OpenForReading(const std::string &path);
+/// Creates or empties a file that only its owner can read. Throws RuntimeError 75.
+Descriptor OpenAfresh(const std::string &path);
+/// Copies the rest of source into destination, which is created, and flushes it to disk. Throws RuntimeError.
+void CopyFlushed(const Descriptor &source, const std::string &destination);
+/// Renames and makes the new name durable. Throws RuntimeError 75.
+void RenameDurably(const SettingsPaths &paths, const std::string &from, const std::string &to);
+/// Moves a database file and its journal, whichever of them there is, to a new name that starts with stem and says
+/// when. Gives the new path of the database file. To be called by a holder of the lock alone. Throws RuntimeError 75.
+std::string SetAside(const SettingsPaths &paths, const std::string &databaseFile, const std::string &stem);
+
+} // namespace turfdesk

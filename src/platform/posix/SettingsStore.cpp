@@ -1,0 +1,216 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 Turf Desk contributors
+
+#include "platform/posix/SettingsStore.h"
+
+#include "platform/posix/FoldedText.h"
+#include "platform/posix/SettingsSchema.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace turfdesk {
+
+namespace {
+
+constexpr std::int64_t noCounter = -1;
+
+std::string_view WithoutTrailingBackslash(std::string_view keyPath) {
+  return keyPath.ends_with('\\') ? keyPath.substr(0, keyPath.size() - 1) : keyPath;
+}
+
+/// Cuts the first part off a path.
+std::string_view TakePart(std::string_view &keyPath) {
+  const std::size_t length = std::min(keyPath.find('\\'), keyPath.size());
+  const std::string_view part = keyPath.substr(0, length);
+  keyPath.remove_prefix(std::min(length + 1, keyPath.size()));
+  return part;
+}
+
+bool CanNameKey(std::string_view keyPath) {
+  constexpr std::ptrdiff_t greatestDepth = 512;
+  return !keyPath.starts_with('\\') && !keyPath.ends_with('\\') && keyPath.find("\\\\") == std::string_view::npos &&
+         std::count(keyPath.begin(), keyPath.end(), '\\') < greatestDepth;
+}
+
+} // namespace
+
+SettingsStore::Session::Session(const std::string &storePath, std::chrono::milliseconds patience)
+    : header(storePath), connection(storePath, patience),
+      insertKey(connection, "INSERT INTO keys (parent, folded, name, id) VALUES (?, ?, ?, ?)"),
+      deleteValues(connection, "DELETE FROM entries WHERE key = ?"),
+      deleteKey(connection, "DELETE FROM keys WHERE parent = ? AND folded = ?"),
+      // A value keeps the case of its first name.
+      writeValue(connection, "INSERT INTO entries (key, folded, name, type, data) VALUES (?, ?, ?, ?, ?) "
+                             "ON CONFLICT (key, folded) DO UPDATE SET type = excluded.type, data = excluded.data") {}
+
+SettingsStore::SettingsStore(const std::string &home, std::chrono::milliseconds patience)
+    : mPaths(home), mPatience(patience) {
+  MakeHomeFolder(mPaths);
+  CreateStoreIfNew(mPaths, mPatience);
+  const SettingsLock lock(mPaths, SettingsLock::Mode::Shared, mPatience);
+  Open();
+}
+
+SettingsStore::~SettingsStore() = default;
+
+void SettingsStore::Open() {
+  auto session = std::make_unique<Session>(mPaths.store, mPatience);
+  UseDurableJournal(session->connection);
+  SqliteTransaction transaction(session->connection, "BEGIN");
+  CheckStore(session->connection);
+  ReadTree(*session);
+  transaction.Commit();
+  mSession = std::move(session);
+}
+
+void SettingsStore::Reload() {
+  const SettingsLock lock(mPaths, SettingsLock::Mode::Shared, mPatience);
+  if (mSession->connection.HasMoved()) {
+    Open();
+    return;
+  }
+  SqliteTransaction transaction(mSession->connection, "BEGIN");
+  ReadTree(*mSession);
+  transaction.Commit();
+}
+
+void SettingsStore::ReadTree(Session &session) {
+  mLastKey = nullptr;
+  mChangeCounter = noCounter;
+  mTree = LoadTree(session.connection);
+  // Reading has locked the file, so until the transaction ends the counter is the one that belongs to what was read.
+  mChangeCounter = session.header.ChangeCounter();
+}
+
+const SettingsKey *SettingsStore::FindAnew(RegistryRoot root, std::string_view keyPath) {
+  keyPath = WithoutTrailingBackslash(keyPath);
+  const SettingsKey *key = nullptr;
+  if (IsBesideLast(root, keyPath))
+    key = mTree.FindSibling(*mLastKey, keyPath.substr(keyPath.rfind('\\') + 1));
+  else
+    key = Walk(root, keyPath);
+  if (!key)
+    return nullptr;
+  mLastKey = key;
+  mLastRoot = root;
+  mLastPath = keyPath;
+  return key;
+}
+
+bool SettingsStore::IsBesideLast(RegistryRoot root, std::string_view keyPath) const {
+  const std::size_t cut = keyPath.rfind('\\');
+  return mLastKey && root == mLastRoot && cut != std::string_view::npos && mLastPath.rfind('\\') == cut &&
+         std::string_view(mLastPath).substr(0, cut) == keyPath.substr(0, cut);
+}
+
+SettingsKey *SettingsStore::Walk(RegistryRoot root, std::string_view keyPath) {
+  SettingsKey *key = &mTree.Root(root);
+  while (key && !keyPath.empty())
+    key = mTree.FindSubkey(*key, TakePart(keyPath));
+  return key;
+}
+
+void SettingsStore::CreateKey(RegistryRoot root, std::string_view keyPath) {
+  if (Find(root, keyPath) && !mSession->connection.HasMoved())
+    return;
+  Transact([&] { MakeKey(root, keyPath); });
+}
+
+SettingsStore::Deletion SettingsStore::DeleteKey(RegistryRoot root, std::string_view keyPath) {
+  Deletion result = Deletion::Done;
+  Transact([&] {
+    SettingsKey *key = Walk(root, WithoutTrailingBackslash(keyPath));
+    if (!key)
+      result = Deletion::NoSuchKey;
+    else if (!key->parent || !key->subkeys.empty())
+      result = Deletion::HasSubkeys;
+    else
+      EraseKey(*key);
+  });
+  return result;
+}
+
+bool SettingsStore::SetValue(RegistryRoot root, std::string_view keyPath, std::string_view valueName,
+                             const SettingsValue &value) {
+  // A value that is there already is not written again: it is as durable as it can be, and a flush takes long.
+  const SettingsKey *present = Find(root, keyPath);
+  if (present && present->FindValue(valueName) == value && !mSession->connection.HasMoved())
+    return true;
+  bool keyExists = false;
+  Transact([&] {
+    SettingsKey *key = Walk(root, WithoutTrailingBackslash(keyPath));
+    keyExists = key != nullptr;
+    if (keyExists)
+      StoreValue(*key, valueName, value);
+  });
+  return keyExists;
+}
+
+void SettingsStore::WriteAll(std::span<const SettingsWrite> writes) {
+  Transact([&] {
+    for (const SettingsWrite &write : writes)
+      StoreValue(MakeKey(write.root, write.keyPath), write.valueName, {write.type, write.number, write.text});
+  });
+}
+
+SettingsKey &SettingsStore::MakeKey(RegistryRoot root, std::string_view keyPath) {
+  keyPath = WithoutTrailingBackslash(keyPath);
+  if (!CanNameKey(keyPath))
+    throw RuntimeError(ErrorNumber::BadFileName, "This is no name for a settings key: " + std::string(keyPath));
+  SettingsKey *key = &mTree.Root(root);
+  while (!keyPath.empty()) {
+    const std::string_view name = TakePart(keyPath);
+    SettingsKey *subkey = mTree.FindSubkey(*key, name);
+    if (!subkey) {
+      const FoldedText folded(name);
+      const std::int64_t id = mTree.NextId();
+      mSession->insertKey.Bind(1, key->id).Bind(2, folded.View()).Bind(3, name).Bind(4, id).Run();
+      subkey = mTree.Insert(*key, id, name, folded.View());
+    }
+    key = subkey;
+  }
+  return *key;
+}
+
+void SettingsStore::EraseKey(SettingsKey &key) {
+  mSession->deleteValues.Bind(1, key.id).Run();
+  mSession->deleteKey.Bind(1, key.parent->id).Bind(2, key.foldedName).Run();
+  mLastKey = nullptr;
+  mTree.Erase(key);
+}
+
+void SettingsStore::StoreValue(SettingsKey &key, std::string_view valueName, const SettingsValue &value) {
+  const FoldedText folded(valueName);
+  // SQLite does not raise the change counter for a row that is replaced by its like, and Transact counts on it.
+  if (key.values.Find(folded.View()) == value)
+    return;
+  SqliteStatement &statement = mSession->writeValue;
+  statement.Bind(1, key.id).Bind(2, folded.View()).Bind(3, valueName).Bind(4, static_cast<std::int64_t>(value.type));
+  if (value.type == SettingsType::Text)
+    statement.Bind(5, value.text).Run();
+  else
+    statement.Bind(5, std::int64_t{value.number}).Run();
+  key.values.Set(folded.View(), value);
+}
+
+void SettingsStore::Transact(const std::function<void()> &work) {
+  CheckWritable(mPaths);
+  const SettingsLock lock(mPaths, SettingsLock::Mode::Shared, mPatience);
+  if (mSession->connection.HasMoved())
+    Open();
+  SqliteConnection &connection = mSession->connection;
+  SqliteTransaction transaction(connection, "BEGIN IMMEDIATE");
+  if (mSession->header.ChangeCounter() != mChangeCounter)
+    ReadTree(*mSession);
+  // Until the commit has succeeded the tree in memory may hold what the file will not.
+  const auto counter = static_cast<std::uint32_t>(std::exchange(mChangeCounter, noCounter));
+  const std::int64_t changesBefore = connection.TotalChanges();
+  work();
+  transaction.Commit();
+  const std::uint32_t ownCounter = connection.TotalChanges() == changesBefore ? counter : counter + 1;
+  if (mSession->header.ChangeCounter() == ownCounter)
+    mChangeCounter = ownCounter;
+}
+
+} // namespace turfdesk

@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 Turf Desk contributors
+
+#pragma once
+
+#include "platform/posix/SettingsHome.h"
+#include "platform/posix/SettingsTree.h"
+#include "platform/posix/SqliteConnection.h"
+
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace turfdesk {
+
+/// A value to be written. Its key is made, parents included, when it is absent.
+struct SettingsWrite {
+  RegistryRoot root = RegistryRoot::LocalMachine;
+  std::string keyPath;
+  std::string valueName;
+  SettingsType type = SettingsType::Text;
+  std::int32_t number = 0;
+  std::string text;
+};
+
+/// The settings tree in its file, shared with other programs that use the same home folder.
+///
+/// Reads are answered from a copy of the tree in memory. It is valid as long as the change counter in the file's header
+/// is the one that it was read with, and each read looks at that counter first, so a change made by another program is
+/// seen by the next read. Every write is durable when the call returns. A process that dies in the middle of a write
+/// leaves a file that opens with the state before it or after it.
+///
+/// Key paths and names are as RegistryService describes them. Failures are thrown as RuntimeError with words fit to
+/// show; DamagedSettings when the file calls for the repair.
+class SettingsStore {
+public:
+  /// How long a busy store is waited for.
+  static constexpr std::chrono::milliseconds DefaultPatience{5000};
+
+  /// Opens and checks the store of a home folder, making both when they are absent.
+  explicit SettingsStore(const std::string &home, std::chrono::milliseconds patience = DefaultPatience);
+  ~SettingsStore();
+
+  /// nullptr when there is no such key. The key is valid until the next call of any member.
+  const SettingsKey *Find(RegistryRoot root, std::string_view keyPath) {
+    if (mSession->header.ChangeCounter() != mChangeCounter)
+      Reload();
+    if (mLastKey && root == mLastRoot && keyPath == mLastPath)
+      return mLastKey;
+    return FindAnew(root, keyPath);
+  }
+
+  /// Makes the key, parents included, when it is absent. Throws RuntimeError 52 when the path cannot name a key.
+  void CreateKey(RegistryRoot root, std::string_view keyPath);
+  enum class Deletion { Done, NoSuchKey, HasSubkeys };
+  /// A root counts as a key with subkeys.
+  Deletion DeleteKey(RegistryRoot root, std::string_view keyPath);
+  /// False when the key does not exist; it is not created then.
+  bool SetValue(RegistryRoot root, std::string_view keyPath, std::string_view valueName, const SettingsValue &value);
+  /// All of them or, when it throws, none.
+  void WriteAll(std::span<const SettingsWrite> writes);
+
+private:
+  /// All that belongs to one opening of the file.
+  struct Session {
+    Session(const std::string &storePath, std::chrono::milliseconds patience);
+
+    // The header comes first: it must be mapped before SQLite opens the file.
+    StoreHeader header;
+    SqliteConnection connection;
+    SqliteStatement insertKey;
+    SqliteStatement deleteValues;
+    SqliteStatement deleteKey;
+    SqliteStatement writeValue;
+  };
+
+  void Open();
+  void Reload();
+  void ReadTree(Session &session);
+  const SettingsKey *FindAnew(RegistryRoot root, std::string_view keyPath);
+  bool IsBesideLast(RegistryRoot root, std::string_view keyPath) const;
+  SettingsKey *Walk(RegistryRoot root, std::string_view keyPath);
+  SettingsKey &MakeKey(RegistryRoot root, std::string_view keyPath);
+  void EraseKey(SettingsKey &key);
+  void StoreValue(SettingsKey &key, std::string_view valueName, const SettingsValue &value);
+  /// Runs work with the tree current and nobody else writing, and commits what it has changed.
+  void Transact(const std::function<void()> &work);
+
+  SettingsPaths mPaths;
+  std::chrono::milliseconds mPatience;
+  std::unique_ptr<Session> mSession;
+  SettingsTree mTree;
+  /// The counter that mTree belongs to; a number that no counter has when mTree cannot be relied on.
+  std::int64_t mChangeCounter = -1;
+  /// The key found last, since most reads come several to a key and its neighbours next.
+  const SettingsKey *mLastKey = nullptr;
+  RegistryRoot mLastRoot = RegistryRoot::LocalMachine;
+  std::string mLastPath;
+};
+
+} // namespace turfdesk
