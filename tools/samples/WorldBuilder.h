@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 Turf Desk contributors
+
+#pragma once
+
+#include "platform/posix/SettingsStore.h"
+#include "samples/GameFiles.h"
+
+namespace turfdesk::samples {
+
+/// Which media an installed course has, each a file beside it that bears its name.
+struct CourseMedia {
+  bool picture = false;
+  bool music = false;
+  bool video = false;
+  bool text = false;
+};
+
+/// Puts files on a world's drive C: and gathers the catalogue's entries for them.
+class WorldBuilder {
+public:
+  explicit WorldBuilder(std::filesystem::path home);
+
+  static constexpr std::string_view InstallDir = "C:\\Games\\Marrowfell 2002";
+
+  /// The host path of a file or folder on drive C:.
+  std::filesystem::path OnDrive(std::string_view windowsPath) const;
+
+  /// Gives the game's own settings their values and makes its folders.
+  void AddGame();
+  /// Writes the library file and enters it. Gives the host path of the file.
+  std::filesystem::path AddLibrary(const LibrarySpec &library);
+  /// Enters a library whose file is not there.
+  void AddLibraryWithoutFile(const LibrarySpec &library);
+  /// Writes the course file, under the given file name without extension, and its media, and enters them.
+  void AddCourse(const CourseSpec &course, const std::string &baseName, const CourseMedia &media);
+  /// Enters a course none of whose files is there.
+  void AddCourseWithoutFiles(const CourseSpec &course, const std::string &baseName, const CourseMedia &media);
+  /// Enter the course's name, or one of its files (under the value name "Filename", "Picture", "Music", "AVI" or
+  /// "Text"), for courses that are put together by hand. Nothing is written.
+  void SetName(const CourseSpec &course);
+  void SetCourseFile(const CourseSpec &course, std::string_view valueName, const std::string &windowsPath);
+  /// The game's own files about a course and a library, found by key.
+  void AddStatistics(const CourseSpec &course);
+  void AddSwapFile(const LibrarySpec &library);
+
+  /// Writes all entries, in one go, and forgets them. Until then the settings tree is as it was.
+  void WriteCatalogue();
+
+private:
+  void Enter(const std::string &keyPath, std::string_view valueName, const std::string &value);
+  void EnterCourse(const CourseSpec &course, const std::string &basePath, const CourseMedia &media);
+  void EnterLibrary(const LibrarySpec &library, const std::string &path);
+  void WriteMedia(const CourseSpec &course, const std::string &basePath, const CourseMedia &media);
+
+  std::filesystem::path mHome;
+  std::vector<SettingsWrite> mEntries;
+};
+
+/// A few seconds of film.
+Bytes FilmBytes();
+
+} // namespace turfdesk::samples
