@@ -44,9 +44,9 @@ void FillCourseRow(SharedState &state, std::string_view courseKey, Row &row) {
   row.SetSubItems(column::Filename, filename);
   // The list of a large catalogue spends its time here: one opening of the file serves its size and its libraries.
   CourseFile course(state);
-  const std::string libraries = ReadLibraryList(state, course, filename);
+  std::string libraries = ReadLibraryList(state, course, filename);
   SetSize(row, course.FileSize() > 0 ? static_cast<double>(course.FileSize()) : GetFileSize(state, filename));
-  row.SetSubItems(column::Libraries, libraries);
+  row.SetSubItems(column::Libraries, std::move(libraries));
   row.SetSubItems(column::Picture, GetCoursePicture(state, courseKey));
   row.SetSubItems(column::Music, GetCourseMusic(state, courseKey));
   row.SetSubItems(column::Video, GetCourseVideo(state, courseKey));

@@ -46,7 +46,7 @@ const std::string &Row::SubItems(int column) const {
   return index < mSubItems.size() ? mSubItems[index] : empty;
 }
 
-void Row::SetSubItems(int column, std::string_view text) {
+void Row::SetSubItems(int column, std::string text) {
   if (column < 1)
     throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
   const auto index = static_cast<std::size_t>(column - 1);
@@ -54,7 +54,7 @@ void Row::SetSubItems(int column, std::string_view text) {
     mSubItems.reserve(UsualColumns);
     mSubItems.resize(index + 1);
   }
-  mSubItems[index] = text;
+  mSubItems[index] = std::move(text);
   mList.TellChanged(*this);
 }
 

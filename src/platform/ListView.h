@@ -31,7 +31,7 @@ public:
   void SetText(std::string_view text);
   /// Text of a column, from 1; a column that was never set is "". Throws RuntimeError 9 for 0 or a negative index.
   const std::string &SubItems(int column) const;
-  void SetSubItems(int column, std::string_view text);
+  void SetSubItems(int column, std::string text);
   bool Checked() const { return mChecked; }
   void SetChecked(bool checked);
 

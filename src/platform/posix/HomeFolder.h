@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 Turf Desk contributors
+
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace turfdesk {
+
+/// Host path of the folder that the program keeps its own files in: the chosen one, or when that is empty
+/// $TURFDESK_HOME, $XDG_DATA_HOME/turfdesk or ~/.local/share/turfdesk, whichever is set first.
+std::string HomeFolder(std::string_view chosen);
+
+/// Makes the home folder where it is missing, parents included, and in it the folder of the drives with the links that
+/// it starts with. For this user alone. Throws RuntimeError when that does not work.
+void MakeHome(const std::string &home);
+
+} // namespace turfdesk

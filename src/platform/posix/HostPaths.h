@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 Turf Desk contributors
+
+#pragma once
+
+#include <sys/types.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace turfdesk {
+
+/// The part of a path up to the next separator of the kind; path becomes what follows that separator.
+template <class IsEnd> std::string_view NextName(std::string_view &path, IsEnd isEnd) {
+  std::size_t length = 0;
+  while (length < path.size() && !isEnd(path[length]))
+    ++length;
+  const std::string_view name = path.substr(0, length);
+  path.remove_prefix(length < path.size() ? length + 1 : length);
+  return name;
+}
+
+constexpr bool IsSlash(char c) { return c == '/'; }
+
+/// The host path from its root on, without "." and empty names. ".." stays: what it leads to is for the disk to say.
+std::string AbsoluteHostPath(std::string_view path);
+
+/// The host path with all links followed, or "" when it does not exist.
+std::string RealHostPath(const std::string &path);
+
+struct SplitHostPath {
+  std::string folder;
+  std::string name;
+};
+/// The two parts of an absolute path.
+SplitHostPath SplitName(const std::string &path);
+
+/// Makes a folder with those of its parents that are missing; made, where given, takes up those that were, outermost
+/// first. Gives 0 or the system's number of the failure.
+int MakeFolders(const std::string &folder, mode_t mode, std::vector<std::string> *made = nullptr);
+
+} // namespace turfdesk

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 Turf Desk contributors
+
+#include "platform/posix/PosixFileCopier.h"
+
+#include "platform/posix/ContentCopy.h"
+#include "platform/posix/PosixStagedFiles.h"
+#include "platform/posix/SystemError.h"
+
+#include <fcntl.h>
+
+namespace turfdesk {
+
+namespace {
+
+constexpr mode_t ReadWriteExecuteForAll = 0777;
+
+struct SourceFile {
+  Descriptor file;
+  struct stat status;
+};
+
+/// Looks before it opens: to open a device can be a deed of its own.
+int OpenRegularFile(const char *hostPath, SourceFile &source) {
+  if (stat(hostPath, &source.status) != 0)
+    return errno;
+  if (!S_ISREG(source.status.st_mode))
+    return EACCES;
+  source.file = Descriptor(open(hostPath, O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+  return source.file.IsOpen() && fstat(source.file.Number(), &source.status) == 0 ? 0 : errno;
+}
+
+bool IsSameFile(const struct stat &left, const struct stat &right) {
+  return left.st_dev == right.st_dev && left.st_ino == right.st_ino;
+}
+
+bool HasChanged(const SourceFile &source) {
+  struct stat now;
+  if (fstat(source.file.Number(), &now) != 0)
+    ThrowSystemError(errno);
+  const timespec &before = source.status.st_mtim;
+  return now.st_size != source.status.st_size || now.st_mtim.tv_sec != before.tv_sec ||
+         now.st_mtim.tv_nsec != before.tv_nsec;
+}
+
+} // namespace
+
+void PosixFileCopier::Copy(std::string_view sourcePath, std::string_view destinationPath, const Report &report) {
+  SourceFile source;
+  const int error =
+      mPaths.Reach(sourcePath, [&source](const char *hostPath) { return OpenRegularFile(hostPath, source); });
+  if (error != 0)
+    ThrowSystemError(error);
+
+  Destination destination = FindDestination(mPaths, destinationPath, false);
+  if (destination.existing && IsSameFile(source.status, *destination.existing))
+    throw RuntimeError(ErrorNumber::PermissionDenied);
+
+  const mode_t mode = (source.status.st_mode & ReadWriteExecuteForAll) | S_IRUSR | S_IWUSR;
+  PosixStagedFile staged(std::move(destination), false, mode);
+  const auto size = static_cast<std::uint64_t>(source.status.st_size);
+  const std::uint64_t copied = CopyContent(source.file.Number(), staged.FileNumber(), size, report);
+  if (copied != size || HasChanged(source))
+    throw RuntimeError(ErrorNumber::PermissionDenied);
+  staged.KeepTime(source.status.st_mtim);
+  staged.Commit(true);
+}
+
+} // namespace turfdesk

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 Turf Desk contributors
+
+#pragma once
+
+#include "platform/FolderReader.h"
+#include "platform/posix/PathMap.h"
+
+namespace turfdesk {
+
+/// Names that begin with a dot are left out: they are hidden by the custom of the host, and so are the temporary names
+/// of files that are being written.
+class PosixFolderReader final : public FolderReader {
+public:
+  explicit PosixFolderReader(const PathMap &paths) : mPaths(paths) {}
+
+  /// Includes those that are not ready.
+  std::vector<std::string> Drives() override;
+  std::vector<std::string> Subfolders(std::string_view folder) override;
+  /// The pattern "*.*" stands for every file, also one without a dot.
+  std::vector<std::string> Files(std::string_view folder, std::string_view pattern) override;
+  /// The current folder, or where no drive leads to it the root of the first drive that is ready.
+  std::string StartFolder() override;
+  std::string CanonicalFolder(std::string_view folder) override;
+
+private:
+  template <class Accept> std::vector<std::string> Names(std::string_view folder, mode_t kind, Accept accept) const;
+
+  const PathMap &mPaths;
+};
+
+} // namespace turfdesk

@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 Turf Desk contributors
+
+#include "platform/Platform.h"
+#include "platform/RuntimeError.h"
+
+#include "platform/posix/ChildProcesses.h"
+#include "platform/posix/HomeFolder.h"
+#include "platform/posix/PathMap.h"
+#include "platform/posix/PosixBinaryFiles.h"
+#include "platform/posix/PosixFileCopier.h"
+#include "platform/posix/PosixFileService.h"
+#include "platform/posix/PosixFolderReader.h"
+#include "platform/posix/PosixProcesses.h"
+#include "platform/posix/PosixSettings.h"
+#include "platform/posix/PosixStagedFiles.h"
+#include "platform/posix/WindowsNames.h"
+#include "platform/zip/LibzipLayer.h"
+
+#include <csignal>
+#include <filesystem>
+#include <system_error>
+
+namespace turfdesk {
+
+namespace {
+
+class PosixPlatform final : public Platform {
+public:
+  explicit PosixPlatform(const std::string &home) : mHome(home), mPaths(home) {
+    // A file that grows beyond the user's limit is an error to tell, not a reason to die.
+    std::signal(SIGXFSZ, SIG_IGN);
+  }
+
+  std::unique_ptr<RegistryService> CreateRegistryService() override { return OpenRegistryService(mHome); }
+
+  std::unique_ptr<FileService> CreateFileService() override {
+    if (mPaths.Drives().empty())
+      throw RuntimeError(ErrorNumber::DeviceUnavailable);
+    return std::make_unique<PosixFileService>(mPaths, mChildren);
+  }
+
+  std::unique_ptr<ZipLayer> CreateZipLayer() override { return MakeLibzipLayer(mFiles, mStagedFiles); }
+
+  RegistryFunctions &DirectRegistry() override { return *mDirectRegistry; }
+  FileCopier &Copier() override { return mCopier; }
+  BinaryFiles &Files() override { return mFiles; }
+  FolderReader &Folders() override { return mFolders; }
+  Processes &Programs() override { return mProcesses; }
+
+  void RestoreServices(MessageBoxes &boxes) override { RestoreSettings(mHome, boxes); }
+  void NoteCleanStart() override { RefreshGoodCopy(mHome); }
+
+  std::string ProgramFolder() override {
+    std::error_code error;
+    const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
+    return error ? "" : mPaths.ToWindows(program.parent_path().string());
+  }
+
+  std::string ToWindowsPath(std::string_view path) override {
+    // The start of a path on a network is kept, too: it cannot be reached, and the user is told so under its own name.
+    const bool isWindowsPath = IsFullWindowsPath(path) || path.starts_with("\\\\");
+    return isWindowsPath ? std::string(path) : mPaths.ToWindows(path);
+  }
+
+  std::string ToHostPath(std::string_view windowsPath) override {
+    std::string hostPath;
+    mPaths.HostForm(windowsPath, hostPath);
+    return hostPath;
+  }
+
+private:
+  std::string mHome;
+  PathMap mPaths;
+  ChildProcesses mChildren;
+  PosixBinaryFiles mFiles{mPaths};
+  PosixStagedFiles mStagedFiles{mPaths};
+  PosixFileCopier mCopier{mPaths};
+  PosixFolderReader mFolders{mPaths};
+  PosixProcesses mProcesses{mPaths, mChildren};
+  std::unique_ptr<RegistryFunctions> mDirectRegistry = MakeRegistryFunctions(mHome);
+};
+
+} // namespace
+
+std::unique_ptr<Platform> MakePlatform(std::string_view home) {
+  const std::string folder = HomeFolder(home);
+  MakeHome(folder);
+  return std::make_unique<PosixPlatform>(folder);
+}
+
+} // namespace turfdesk

@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 Turf Desk contributors
+
+#include "platform/posix/PosixProcesses.h"
+
+#include "platform/posix/SystemError.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+
+namespace turfdesk {
+
+namespace {
+
+constexpr std::chrono::milliseconds RepaintInterval{50};
+
+/// By its first bytes: a program of the host may bear any name.
+bool IsWindowsProgram(const std::string &hostPath) {
+  const Descriptor file(open(hostPath.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+  char start[2] = {};
+  return read(file.Number(), start, sizeof(start)) == sizeof(start) && start[0] == 'M' && start[1] == 'Z';
+}
+
+/// Wine shows the whole disk as Z:, and a Windows program takes an argument that begins with a slash for an option.
+std::string ArgumentForWine(std::string argument) {
+  if (!argument.starts_with('/'))
+    return argument;
+  std::replace(argument.begin(), argument.end(), '/', '\\');
+  return "Z:" + argument;
+}
+
+} // namespace
+
+std::uint32_t PosixProcesses::Shell(std::string_view program, const std::vector<std::string> &arguments,
+                                    WindowStyle /*style*/) {
+  std::vector<std::string> commandLine(1);
+  if (const int error = mPaths.HostForm(program, commandLine[0]); error != 0)
+    ThrowSystemError(error);
+  struct stat status;
+  if (stat(commandLine[0].c_str(), &status) != 0)
+    ThrowSystemError(errno);
+  if (!S_ISREG(status.st_mode))
+    ThrowSystemError(EACCES);
+
+  pid_t process = 0;
+  int error = ENOENT;
+  if (IsWindowsProgram(commandLine[0])) {
+    std::vector<std::string> throughWine = {"wine", commandLine[0]};
+    std::transform(arguments.begin(), arguments.end(), std::back_inserter(throughWine), ArgumentForWine);
+    error = mChildren.Start(throughWine, process);
+  }
+  // Without Wine the system may still know what to do with such a program.
+  if (error == ENOENT) {
+    commandLine.insert(commandLine.end(), arguments.begin(), arguments.end());
+    error = mChildren.Start(commandLine, process);
+  }
+  if (error != 0)
+    ThrowSystemError(error);
+  return static_cast<std::uint32_t>(process);
+}
+
+ProcessHandle PosixProcesses::OpenProcess(std::uint32_t processId) {
+  Descriptor process = OpenProcessHandle(static_cast<pid_t>(processId));
+  if (!process.IsOpen())
+    return 0;
+  // 0 is a descriptor, but no handle.
+  const auto handle = static_cast<ProcessHandle>(process.Number()) + 1;
+  mHandles.insert_or_assign(handle, std::move(process));
+  return handle;
+}
+
+void PosixProcesses::WaitForSingleObject(ProcessHandle handle, void (*repaint)(void *), void *context) {
+  const auto process = mHandles.find(handle);
+  if (process == mHandles.end())
+    return;
+  while (!WaitForEnd(process->second, RepaintInterval))
+    if (repaint != nullptr)
+      repaint(context);
+}
+
+std::string PosixProcesses::GetShortPathName(std::string_view path) {
+  std::string hostPath;
+  return mPaths.HostForm(path, hostPath) == 0 ? hostPath : "";
+}
+
+} // namespace turfdesk

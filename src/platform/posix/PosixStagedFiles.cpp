@@ -1,0 +1,186 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 Turf Desk contributors
+
+#include "platform/posix/PosixStagedFiles.h"
+
+#include "platform/posix/HostPaths.h"
+#include "platform/posix/SystemError.h"
+
+#include <fcntl.h>
+#include <sys/random.h>
+#include <sys/statvfs.h>
+#include <unistd.h>
+
+#include <cstdio>
+
+namespace turfdesk {
+
+namespace {
+
+constexpr mode_t ReadWriteForAll = 0666;
+constexpr mode_t AllForAll = 0777;
+
+void Check(int result) {
+  if (result != 0)
+    ThrowSystemError(errno);
+}
+
+/// Disks made for other systems have no permissions to keep, and some set the time themselves.
+void CheckWhereSupported(int result) {
+  if (result != 0 && errno != EPERM && errno != EOPNOTSUPP)
+    ThrowSystemError(errno);
+}
+
+std::string RandomTemporaryName() {
+  constexpr std::string_view letters = "abcdefghijklmnopqrstuvwxyz234567";
+  unsigned char bytes[6];
+  Check(getrandom(bytes, sizeof(bytes), 0) == sizeof(bytes) ? 0 : -1);
+  std::string name = ".turfdesk-";
+  for (const unsigned char byte : bytes)
+    name += letters[byte % letters.size()];
+  return name + ".tmp";
+}
+
+/// Calls a routine (name -> is it done?) with names that no user's file has, until one is free.
+template <class Make> std::string WithFreshName(Make make) {
+  for (;;) {
+    std::string name = RandomTemporaryName();
+    if (make(name.c_str()))
+      return name;
+    if (errno != EEXIST)
+      ThrowSystemError(errno);
+  }
+}
+
+} // namespace
+
+Destination FindDestination(const PathMap &paths, std::string_view windowsPath, bool missingFolders) {
+  PathMap::Place place;
+  if (const int error = paths.FindPlace(windowsPath, missingFolders, place); error != 0)
+    ThrowSystemError(error);
+  Destination destination{std::move(place.folder), std::move(place.name), std::nullopt};
+  const std::string path = destination.folder + "/" + destination.name;
+  struct stat status;
+  if (lstat(path.c_str(), &status) != 0)
+    return destination;
+  if (S_ISLNK(status.st_mode)) {
+    const std::string real = RealHostPath(path);
+    if (real.empty() || stat(real.c_str(), &status) != 0)
+      ThrowSystemError(ENOTDIR);
+    SplitHostPath split = SplitName(real);
+    destination.folder = std::move(split.folder);
+    destination.name = std::move(split.name);
+  }
+  destination.existing = status;
+  return destination;
+}
+
+NewFolders::~NewFolders() {
+  for (; !mFolders.empty(); mFolders.pop_back())
+    rmdir(mFolders.back().c_str());
+}
+
+void NewFolders::Make(const std::string &folder) {
+  if (const int error = MakeFolders(folder, AllForAll, &mFolders); error != 0)
+    ThrowFolderError(error);
+}
+
+PosixStagedFile::PosixStagedFile(Destination destination, bool makeFolders, mode_t mode)
+    : mDestination(std::move(destination)) {
+  if (makeFolders)
+    mNewFolders.Make(mDestination.folder);
+  mFolder = Descriptor(open(mDestination.folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (!mFolder.IsOpen())
+    ThrowFolderError(errno);
+  CheckReplaceable();
+  OpenTemporary(mode);
+}
+
+PosixStagedFile::~PosixStagedFile() {
+  if (!mTemporaryName.empty())
+    unlinkat(mFolder.Number(), mTemporaryName.c_str(), 0);
+}
+
+/// A file without its owner's write permission is not replaced, not even for root, nor is a folder, a device, a pipe,
+/// or a link that has appeared in the meantime.
+void PosixStagedFile::CheckReplaceable() const {
+  struct stat status;
+  if (fstatat(mFolder.Number(), mDestination.name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0) {
+    if (errno != ENOENT)
+      ThrowSystemError(errno);
+    return;
+  }
+  if (!S_ISREG(status.st_mode) || (status.st_mode & S_IWUSR) == 0)
+    ThrowSystemError(EACCES);
+}
+
+void PosixStagedFile::OpenTemporary(mode_t mode) {
+  mFile = Descriptor(openat(mFolder.Number(), ".", O_TMPFILE | O_WRONLY | O_CLOEXEC, mode));
+  if (mFile.IsOpen())
+    return;
+  // Whether the disk cannot do that or something else is the matter, the ordinary way will tell.
+  mTemporaryName = WithFreshName([this, mode](const char *name) {
+    mFile = Descriptor(openat(mFolder.Number(), name, O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, mode));
+    return mFile.IsOpen();
+  });
+}
+
+void PosixStagedFile::Write(std::span<const std::uint8_t> data) {
+  while (!data.empty()) {
+    const ssize_t count = pwrite(mFile.Number(), data.data(), data.size(), static_cast<off_t>(mPosition));
+    if (count < 0 && errno == EINTR)
+      continue;
+    if (count < 0)
+      ThrowSystemError(errno);
+    mPosition += static_cast<std::uint64_t>(count);
+    data = data.subspan(static_cast<std::size_t>(count));
+  }
+}
+
+void PosixStagedFile::SetAttributes() const {
+  if (mDestination.existing)
+    CheckWhereSupported(fchmod(mFile.Number(), mDestination.existing->st_mode & AllForAll));
+  if (mModified) {
+    const timespec times[] = {{0, UTIME_OMIT}, *mModified};
+    CheckWhereSupported(futimens(mFile.Number(), times));
+  }
+}
+
+void PosixStagedFile::GiveTemporaryName() {
+  const std::string file = "/proc/self/fd/" + std::to_string(mFile.Number());
+  mTemporaryName = WithFreshName([this, &file](const char *name) {
+    return linkat(AT_FDCWD, file.c_str(), mFolder.Number(), name, AT_SYMLINK_FOLLOW) == 0;
+  });
+}
+
+void PosixStagedFile::Commit(bool flush) {
+  SetAttributes();
+  if (flush)
+    Check(fsync(mFile.Number()));
+  CheckReplaceable();
+  if (mTemporaryName.empty())
+    GiveTemporaryName();
+  // A disk in the network may tell only now that it is full.
+  Check(close(mFile.Release()));
+  Check(renameat(mFolder.Number(), mTemporaryName.c_str(), mFolder.Number(), mDestination.name.c_str()));
+  mTemporaryName.clear();
+  // What cannot flush a folder has nothing in it to flush.
+  if (flush && fsync(mFolder.Number()) != 0 && errno != EINVAL)
+    ThrowSystemError(errno);
+}
+
+std::unique_ptr<StagedFile> PosixStagedFiles::Create(std::string_view destination, bool makeFolders) {
+  return std::make_unique<PosixStagedFile>(FindDestination(mPaths, destination, makeFolders), makeFolders,
+                                           ReadWriteForAll);
+}
+
+std::uint64_t PosixStagedFiles::FreeBytes(std::string_view folder) {
+  struct statvfs status;
+  const int error =
+      mPaths.Reach(folder, [&status](const char *hostPath) { return statvfs(hostPath, &status) == 0 ? 0 : errno; });
+  if (error != 0)
+    ThrowFolderError(error);
+  return std::uint64_t{status.f_bavail} * status.f_frsize;
+}
+
+} // namespace turfdesk

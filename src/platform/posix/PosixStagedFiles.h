@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 Turf Desk contributors
+
+#pragma once
+
+#include "platform/StagedFile.h"
+#include "platform/posix/Descriptor.h"
+#include "platform/posix/PathMap.h"
+
+#include <sys/stat.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace turfdesk {
+
+/// Where a file is to appear: what stands there under another case of the name, or behind a link, is what is replaced.
+struct Destination {
+  std::string folder; ///< host path
+  std::string name;
+  std::optional<struct stat> existing;
+};
+
+/// Throws RuntimeError 52, 68, 71 or 76 as StagedFiles::Create does, 76 also for a link that leads nowhere.
+Destination FindDestination(const PathMap &paths, std::string_view windowsPath, bool missingFolders);
+
+/// Folders made for a file. Those that are still empty go with the object.
+class NewFolders {
+public:
+  NewFolders() = default;
+  NewFolders(const NewFolders &) = delete;
+  NewFolders &operator=(const NewFolders &) = delete;
+  ~NewFolders();
+
+  /// Makes a host folder with its parents where they are missing. Throws RuntimeError when that does not work.
+  void Make(const std::string &folder);
+
+private:
+  std::vector<std::string> mFolders;
+};
+
+/// Until Commit the file bears no name at all where the disk can do that, so that nothing of it is left behind even
+/// when the program is killed. Elsewhere its name is ".turfdesk-XXXXXX.tmp".
+class PosixStagedFile final : public StagedFile {
+public:
+  /// mode: the permission bits of a new file, less those of the user's mask; an existing file's are kept.
+  PosixStagedFile(Destination destination, bool makeFolders, mode_t mode);
+  ~PosixStagedFile() override;
+
+  void Write(std::span<const std::uint8_t> data) override;
+  void Seek(std::uint64_t offset) override { mPosition = offset; }
+  std::uint64_t Tell() override { return mPosition; }
+  void SetModificationTime(std::int64_t seconds) override { KeepTime({seconds, 0}); }
+  void Commit(bool flush) override;
+
+  /// SetModificationTime to the nanosecond.
+  void KeepTime(const timespec &time) { mModified = time; }
+  /// The open file, for those who fill it by other means than Write.
+  int FileNumber() const { return mFile.Number(); }
+
+private:
+  void OpenTemporary(mode_t mode);
+  void SetAttributes() const;
+  void GiveTemporaryName();
+  void CheckReplaceable() const;
+
+  Destination mDestination;
+  NewFolders mNewFolders;
+  Descriptor mFolder;
+  Descriptor mFile;
+  std::string mTemporaryName; ///< "" while the file has none
+  std::uint64_t mPosition = 0;
+  std::optional<timespec> mModified;
+};
+
+class PosixStagedFiles final : public StagedFiles {
+public:
+  explicit PosixStagedFiles(const PathMap &paths) : mPaths(paths) {}
+
+  std::unique_ptr<StagedFile> Create(std::string_view destination, bool makeFolders) override;
+  std::uint64_t FreeBytes(std::string_view folder) override;
+
+private:
+  const PathMap &mPaths;
+};
+
+} // namespace turfdesk
