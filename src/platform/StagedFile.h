@@ -42,6 +42,8 @@ public:
   /// 76 folder missing, 75 folder not writable or the destination is read-only or a folder, 68 or 71 drive missing or
   /// not ready, 52 a name that no file can have, 61 disk full.
   virtual std::unique_ptr<StagedFile> Create(std::string_view destination, bool makeFolders) = 0;
+  /// Are both paths one file, however they are named (case, link, drive alias)? False where either is missing.
+  virtual bool IsSameFile(std::string_view first, std::string_view second) = 0;
   /// Bytes that can still be written to the disk that a folder lies on. Throws 76, 68 or 71 as Create does.
   virtual std::uint64_t FreeBytes(std::string_view folder) = 0;
 };

@@ -110,6 +110,16 @@ TEST_F(RunCompressTest, AFaultOfTheZipLayerIsShownWithItsWords) {
   EXPECT_FALSE(FileExists(state, request.packageName));
 }
 
+TEST_F(RunCompressTest, AFileThatGoesIntoThePackageIsNotReplacedByItHoweverItIsNamed) {
+  std::filesystem::create_symlink(world.Host(R"(C:\Golf)"), world.Host(R"(C:\Links)"));
+  for (const char *name : {R"(C:\Golf\Elm.hlc)", R"(c:\golf\ELM.HLC)", R"(C:\Links\Elm.hlc)"}) {
+    request.packageName = name;
+    EXPECT_FALSE(Run({true}));
+    EXPECT_EQ(world.boxes.TakeTexts().back(), "Error 130:  Bad call.");
+  }
+  EXPECT_EQ(GetFileSize(state, R"(C:\Golf\Elm.hlc)"), 4096);
+}
+
 TEST_F(RunCompressTest, TheProposalTakesEverythingOfTheRow) {
   const samples::LibrarySpec grass{.name = "Grass"};
   const samples::CourseSpec spec{.name = "Oak", .libraries = {grass, {.name = "Unknown"}}};

@@ -3,9 +3,9 @@
 
 #include "platform/posix/PathMap.h"
 
+#include "platform/WindowsNames.h"
 #include "platform/posix/FolderEntries.h"
 #include "platform/posix/HostPaths.h"
-#include "platform/posix/WindowsNames.h"
 
 #include <sys/stat.h>
 

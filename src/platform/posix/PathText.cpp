@@ -3,7 +3,7 @@
 
 #include "platform/posix/PathText.h"
 
-#include "platform/posix/WindowsNames.h"
+#include "platform/WindowsNames.h"
 
 namespace turfdesk {
 

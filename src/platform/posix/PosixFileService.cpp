@@ -3,10 +3,10 @@
 
 #include "platform/posix/PosixFileService.h"
 
+#include "platform/WindowsNames.h"
 #include "platform/posix/PathText.h"
 #include "platform/posix/SystemError.h"
 #include "platform/posix/TempFolder.h"
-#include "platform/posix/WindowsNames.h"
 
 #include <sys/stat.h>
 #include <unistd.h>

@@ -4,10 +4,10 @@
 #include "platform/posix/PosixFolderReader.h"
 
 #include "platform/CaseFold.h"
+#include "platform/WindowsNames.h"
 #include "platform/posix/FolderEntries.h"
 #include "platform/posix/NamePatterns.h"
 #include "platform/posix/SystemError.h"
-#include "platform/posix/WindowsNames.h"
 
 #include <sys/stat.h>
 

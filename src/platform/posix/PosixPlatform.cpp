@@ -4,6 +4,7 @@
 #include "platform/Platform.h"
 #include "platform/RuntimeError.h"
 
+#include "platform/WindowsNames.h"
 #include "platform/posix/ChildProcesses.h"
 #include "platform/posix/HomeFolder.h"
 #include "platform/posix/PathMap.h"
@@ -14,7 +15,6 @@
 #include "platform/posix/PosixProcesses.h"
 #include "platform/posix/PosixSettings.h"
 #include "platform/posix/PosixStagedFiles.h"
-#include "platform/posix/WindowsNames.h"
 #include "platform/zip/LibzipLayer.h"
 
 #include <csignal>

@@ -174,6 +174,16 @@ std::unique_ptr<StagedFile> PosixStagedFiles::Create(std::string_view destinatio
                                            ReadWriteForAll);
 }
 
+bool PosixStagedFiles::IsSameFile(std::string_view first, std::string_view second) {
+  const auto look = [this](std::string_view path, struct stat &status) {
+    return mPaths.Reach(path, [&status](const char *hostPath) { return stat(hostPath, &status) == 0 ? 0 : errno; }) ==
+           0;
+  };
+  struct stat left;
+  struct stat right;
+  return look(first, left) && look(second, right) && left.st_dev == right.st_dev && left.st_ino == right.st_ino;
+}
+
 std::uint64_t PosixStagedFiles::FreeBytes(std::string_view folder) {
   struct statvfs status;
   const int error =

@@ -79,6 +79,7 @@ public:
   explicit PosixStagedFiles(const PathMap &paths) : mPaths(paths) {}
 
   std::unique_ptr<StagedFile> Create(std::string_view destination, bool makeFolders) override;
+  bool IsSameFile(std::string_view first, std::string_view second) override;
   std::uint64_t FreeBytes(std::string_view folder) override;
 
 private:

@@ -179,7 +179,7 @@ private:
 
 /// The sources under their bare names. All is refused before any file is touched when two entries would have one name,
 /// or the archive would take the place of a file that goes into it.
-std::vector<SourceFile> NameSources(const ZipLayer &layer) {
+std::vector<SourceFile> NameSources(StagedFiles &stagedFiles, const ZipLayer &layer) {
   std::vector<SourceFile> sources;
   std::set<std::string> names;
   for (std::string &path : SplitList(layer.FilesToProcess)) {
@@ -187,7 +187,7 @@ std::vector<SourceFile> NameSources(const ZipLayer &layer) {
     source.name = BareFileName(path);
     source.deflated = !IsCompressedAlready(source.name);
     source.path = std::move(path);
-    if (EqualsIgnoringCase(source.path, layer.ZipFilename))
+    if (stagedFiles.IsSameFile(source.path, layer.ZipFilename))
       throw ZipFault(ZipStatus::BadCall);
     if (!names.insert(FoldCase(source.name)).second)
       throw ZipFault(ZipStatus::NameRepeated);
@@ -247,7 +247,7 @@ void WriteEntries(StagedFile &staged, const std::vector<SourceFile> &sources, co
 } // namespace
 
 void WriteArchive(BinaryFiles &files, StagedFiles &stagedFiles, const ZipLayer &layer) {
-  std::vector<SourceFile> sources = NameSources(layer);
+  std::vector<SourceFile> sources = NameSources(stagedFiles, layer);
   const std::uint64_t total = InspectSources(files, sources);
   const auto staged = WhileWriting([&] { return stagedFiles.Create(layer.ZipFilename, false); });
   BlockDeflater deflater;

@@ -4,68 +4,21 @@
 #include "platform/zip/EntryName.h"
 
 #include "platform/CaseFold.h"
+#include "platform/WindowsNames.h"
 
 #include <algorithm>
-#include <array>
-#include <utf8proc.h>
 
 namespace turfdesk {
 
 namespace {
 
-constexpr std::size_t LongestComponent = 255;
-constexpr std::size_t LongestName = 4096;
-
-constexpr std::array<std::string_view, 6> PlainDevices = {"con", "prn", "aux", "nul", "conin$", "conout$"};
-// COM and LPT with one digit; Windows also takes the superscripts of 1, 2 and 3 for digits.
-constexpr std::array<std::string_view, 2> NumberedDevices = {"com", "lpt"};
-constexpr std::array<std::string_view, 3> SuperscriptDigits = {"\xC2\xB9", "\xC2\xB2", "\xC2\xB3"};
-
-bool IsUtf8(std::string_view text) {
-  while (!text.empty()) {
-    utf8proc_int32_t character = 0;
-    const utf8proc_ssize_t length = utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t *>(text.data()),
-                                                     static_cast<utf8proc_ssize_t>(text.size()), &character);
-    if (length <= 0)
-      return false;
-    text.remove_prefix(static_cast<std::size_t>(length));
-  }
-  return true;
-}
-
-bool IsDeviceNumber(std::string_view text) {
-  if (text.size() == 1)
-    return text[0] >= '0' && text[0] <= '9';
-  return std::find(SuperscriptDigits.begin(), SuperscriptDigits.end(), text) != SuperscriptDigits.end();
-}
-
-/// Devices keep their names whatever extension follows, and whatever blanks stand before it.
-bool IsDeviceName(std::string_view component) {
-  std::string_view stem = component.substr(0, component.find('.'));
-  stem = stem.substr(0, stem.find_last_not_of(' ') + 1);
-  std::string lower(stem);
-  std::transform(lower.begin(), lower.end(), lower.begin(),
-                 [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; });
-  if (std::find(PlainDevices.begin(), PlainDevices.end(), lower) != PlainDevices.end())
-    return true;
-  return std::any_of(NumberedDevices.begin(), NumberedDevices.end(), [&lower](std::string_view device) {
-    return lower.starts_with(device) && IsDeviceNumber(std::string_view(lower).substr(device.size()));
-  });
-}
-
-bool IsForbiddenCharacter(char c) {
-  const auto code = static_cast<unsigned char>(c);
-  return code < 0x20 || code == 0x7F || std::string_view("<>:\"/\\|?*").find(c) != std::string_view::npos;
-}
+// Far beyond what any archive of a course has; it bounds the work on a hostile one.
+constexpr std::size_t LongestEntryName = 4096;
 
 ZipStatus CheckComponent(std::string_view component) {
   if (component == "..")
     return ZipStatus::OutsideFolder;
-  if (component.empty() || component.size() > LongestComponent || component.back() == ' ' || component.back() == '.')
-    return ZipStatus::CannotCreateFile;
-  if (std::any_of(component.begin(), component.end(), IsForbiddenCharacter) || IsDeviceName(component))
-    return ZipStatus::CannotCreateFile;
-  return ZipStatus::Done;
+  return IsWindowsName(component) ? ZipStatus::Done : ZipStatus::CannotCreateFile;
 }
 
 bool HasDriveLetter(std::string_view name) {
@@ -76,7 +29,7 @@ bool HasDriveLetter(std::string_view name) {
 } // namespace
 
 ZipStatus CheckEntryName(std::string_view name) {
-  if (name.empty() || name.size() > LongestName || !IsUtf8(name))
+  if (name.empty() || name.size() > LongestEntryName)
     return ZipStatus::CannotCreateFile;
   if (name[0] == '\\' || HasDriveLetter(name))
     return ZipStatus::OutsideFolder;

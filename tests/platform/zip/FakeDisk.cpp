@@ -3,6 +3,8 @@
 
 #include "FakeDisk.h"
 
+#include "platform/CaseFold.h"
+
 #include <algorithm>
 
 namespace turfdesk {
@@ -85,6 +87,8 @@ std::unique_ptr<StagedFile> FakeDisk::Create(std::string_view destination, bool 
     throw RuntimeError(ErrorNumber::PathNotFound);
   return std::make_unique<FakeStagedFile>(*this, destination);
 }
+
+bool FakeDisk::IsSameFile(std::string_view first, std::string_view second) { return EqualsIgnoringCase(first, second); }
 
 std::uint64_t FakeDisk::FreeBytes(std::string_view folder) {
   if (!folders.contains(std::string(folder)))

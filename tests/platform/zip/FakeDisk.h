@@ -48,6 +48,7 @@ public:
 
   std::unique_ptr<BinaryFile> OpenForBinaryRead(std::string_view path) override;
   std::unique_ptr<StagedFile> Create(std::string_view destination, bool makeFolders) override;
+  bool IsSameFile(std::string_view first, std::string_view second) override;
   std::uint64_t FreeBytes(std::string_view folder) override;
 };
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 Turf Desk contributors
 
-#include "platform/posix/WindowsNames.h"
+#include "platform/WindowsNames.h"
 
 #include "platform/CaseFold.h"
 
