@@ -27,6 +27,9 @@ public:
   Platform &operator=(const Platform &) = delete;
   virtual ~Platform() = default;
 
+  /// Begins in the background what the creation of the services will need, so that a program that has a screen to set
+  /// up waits less for them. At most once, before they are created; never throws.
+  virtual void PrepareServices() = 0;
   /// Creates the service of the settings tree. Throws RuntimeError when the tree cannot be opened or is damaged.
   virtual std::unique_ptr<RegistryService> CreateRegistryService() = 0;
   /// Throws RuntimeError when the drives cannot be reached.

@@ -13,8 +13,11 @@
 #include "platform/posix/PosixFileService.h"
 #include "platform/posix/PosixFolderReader.h"
 #include "platform/posix/PosixProcesses.h"
+#include "platform/posix/PosixRegistryFunctions.h"
+#include "platform/posix/PosixRegistryService.h"
 #include "platform/posix/PosixSettings.h"
 #include "platform/posix/PosixStagedFiles.h"
+#include "platform/posix/SettingsAccess.h"
 #include "platform/zip/LibzipLayer.h"
 
 #include <csignal>
@@ -27,12 +30,16 @@ namespace {
 
 class PosixPlatform final : public Platform {
 public:
-  explicit PosixPlatform(const std::string &home) : mHome(home), mPaths(home) {
+  explicit PosixPlatform(const std::string &home) : mHome(home), mPaths(home), mSettings(home) {
     // A file that grows beyond the user's limit is an error to tell, not a reason to die.
     std::signal(SIGXFSZ, SIG_IGN);
   }
 
-  std::unique_ptr<RegistryService> CreateRegistryService() override { return OpenRegistryService(mHome); }
+  void PrepareServices() override { mSettings.Prepare(); }
+
+  std::unique_ptr<RegistryService> CreateRegistryService() override {
+    return std::make_unique<PosixRegistryService>(mSettings.Open());
+  }
 
   std::unique_ptr<FileService> CreateFileService() override {
     if (mPaths.Drives().empty())
@@ -42,7 +49,7 @@ public:
 
   std::unique_ptr<ZipLayer> CreateZipLayer() override { return MakeLibzipLayer(mFiles, mStagedFiles); }
 
-  RegistryFunctions &DirectRegistry() override { return *mDirectRegistry; }
+  RegistryFunctions &DirectRegistry() override { return mDirectRegistry; }
   FileCopier &Copier() override { return mCopier; }
   BinaryFiles &Files() override { return mFiles; }
   FolderReader &Folders() override { return mFolders; }
@@ -78,7 +85,8 @@ private:
   PosixFileCopier mCopier{mPaths};
   PosixFolderReader mFolders{mPaths};
   PosixProcesses mProcesses{mPaths, mChildren};
-  std::unique_ptr<RegistryFunctions> mDirectRegistry = MakeRegistryFunctions(mHome);
+  SettingsAccess mSettings;
+  PosixRegistryFunctions mDirectRegistry{mSettings};
 };
 
 } // namespace

@@ -66,10 +66,6 @@ std::string DataOf(const SettingsValue &value) {
 
 } // namespace
 
-std::unique_ptr<RegistryFunctions> MakeRegistryFunctions(const std::string &home) {
-  return std::make_unique<PosixRegistryFunctions>(home);
-}
-
 std::int32_t PosixRegistryFunctions::RegCreateKeyExA(RegistryRoot root, std::string_view keyPath, RegistryHandle &key) {
   key = 0;
   return ResultOf([&] {
@@ -127,7 +123,7 @@ std::int32_t PosixRegistryFunctions::RegCloseKey(RegistryHandle key) {
 
 SettingsStore &PosixRegistryFunctions::Store() {
   if (!mStore)
-    mStore.emplace(mHome, mPatience);
+    mStore = mAccess.Open();
   return *mStore;
 }
 

@@ -4,13 +4,12 @@
 #pragma once
 
 #include "platform/RegistryFunctions.h"
-#include "platform/posix/SettingsStore.h"
+#include "platform/posix/SettingsAccess.h"
 
 #include <map>
-#include <optional>
+#include <memory>
 #include <string>
 #include <string_view>
-#include <utility>
 
 namespace turfdesk {
 
@@ -24,11 +23,11 @@ inline constexpr std::int32_t RegCorrupt = 1015;
 inline constexpr std::int32_t RegIoFailed = 1016;
 inline constexpr std::int32_t RegKeyDeleted = 1018;
 
-/// The direct functions over a SettingsStore of their own, which is opened at the first call that needs it.
+/// The direct functions. They open the store at the first call that needs it, or share the one that is open.
 class PosixRegistryFunctions final : public RegistryFunctions {
 public:
-  explicit PosixRegistryFunctions(std::string home, std::chrono::milliseconds patience = SettingsStore::DefaultPatience)
-      : mHome(std::move(home)), mPatience(patience) {}
+  /// access must outlive the functions.
+  explicit PosixRegistryFunctions(SettingsAccess &access) : mAccess(access) {}
 
   std::int32_t RegCreateKeyExA(RegistryRoot root, std::string_view keyPath, RegistryHandle &key) override;
   std::int32_t RegOpenKeyExA(RegistryRoot root, std::string_view keyPath, RegistryHandle &key) override;
@@ -47,9 +46,8 @@ private:
   SettingsStore &Store();
   RegistryHandle Opened(RegistryRoot root, std::string_view keyPath);
 
-  std::string mHome;
-  std::chrono::milliseconds mPatience;
-  std::optional<SettingsStore> mStore;
+  SettingsAccess &mAccess;
+  std::shared_ptr<SettingsStore> mStore;
   std::map<RegistryHandle, OpenedKey> mOpened;
   RegistryHandle mLastHandle = 0;
 };

@@ -42,7 +42,7 @@ void PosixRegistryService::SetRootKey(std::string_view rootName) {
 
 bool PosixRegistryService::KeyExists(std::string_view keyPath) {
   mLastError = 0;
-  return mRoot && mStore.Find(*mRoot, keyPath);
+  return mRoot && mStore->Find(*mRoot, keyPath);
 }
 
 template <typename Request> bool PosixRegistryService::Attempt(const Request &request) {
@@ -60,10 +60,10 @@ bool PosixRegistryService::OpenKey(std::string_view keyPath, bool create) {
   mIsOpen = false;
   if (!mRoot)
     return Fail(ErrorNumber::PathNotFound, noTree);
-  if (!mStore.Find(*mRoot, keyPath)) {
+  if (!mStore->Find(*mRoot, keyPath)) {
     if (!create)
       return Fail(ErrorNumber::PathNotFound, noKey);
-    if (!Attempt([&] { return mStore.CreateKey(*mRoot, keyPath), true; }))
+    if (!Attempt([&] { return mStore->CreateKey(*mRoot, keyPath), true; }))
       return false;
   }
   mOpenRoot = *mRoot;
@@ -77,7 +77,7 @@ bool PosixRegistryService::DeleteKey(std::string_view keyPath) {
   if (!mRoot)
     return Fail(ErrorNumber::PathNotFound, noTree);
   return Attempt([&] {
-    const SettingsStore::Deletion result = mStore.DeleteKey(*mRoot, keyPath);
+    const SettingsStore::Deletion result = mStore->DeleteKey(*mRoot, keyPath);
     if (result == SettingsStore::Deletion::NoSuchKey)
       return Fail(ErrorNumber::PathNotFound, noKey);
     if (result == SettingsStore::Deletion::HasSubkeys)
@@ -134,7 +134,7 @@ void PosixRegistryService::SetValue(std::string_view valueName, const SettingsVa
     return;
   }
   try {
-    if (!mStore.SetValue(mOpenRoot, mOpenPath, valueName, value))
+    if (!mStore->SetValue(mOpenRoot, mOpenPath, valueName, value))
       Fail(ErrorNumber::PathNotFound, "The settings key has been deleted meanwhile");
   } catch (const RuntimeError &error) {
     Fail(error.Number(), error.Description());
@@ -145,7 +145,7 @@ const SettingsKey *PosixRegistryService::OpenedKey() {
   mLastError = 0;
   if (!mIsOpen)
     throw RuntimeError(ErrorNumber::ObjectNotSet);
-  return mStore.Find(mOpenRoot, mOpenPath);
+  return mStore->Find(mOpenRoot, mOpenPath);
 }
 
 std::optional<SettingsValue> PosixRegistryService::OpenedValue(std::string_view valueName) {

@@ -7,9 +7,11 @@
 #include "platform/RuntimeError.h"
 #include "platform/posix/SettingsStore.h"
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace turfdesk {
 
@@ -19,9 +21,11 @@ namespace turfdesk {
 /// it fails. GetStringValue gives a number as its decimal text; GetLongValue gives 0 for a text.
 class PosixRegistryService final : public RegistryService {
 public:
+  explicit PosixRegistryService(std::shared_ptr<SettingsStore> store) : mStore(std::move(store)) {}
+  /// Over a store of its own.
   explicit PosixRegistryService(const std::string &home,
                                 std::chrono::milliseconds patience = SettingsStore::DefaultPatience)
-      : mStore(home, patience) {}
+      : PosixRegistryService(std::make_shared<SettingsStore>(home, patience)) {}
 
   /// An unknown name selects a root under which there is nothing.
   void SetRootKey(std::string_view rootName) override;
@@ -49,7 +53,7 @@ private:
   template <typename Request> bool Attempt(const Request &request);
   bool Fail(ErrorNumber number, std::string_view words);
 
-  SettingsStore mStore;
+  std::shared_ptr<SettingsStore> mStore;
   std::optional<RegistryRoot> mRoot = RegistryRoot::LocalMachine;
   bool mIsOpen = false;
   RegistryRoot mOpenRoot = RegistryRoot::LocalMachine;

@@ -4,7 +4,6 @@
 #pragma once
 
 #include "platform/MessageBoxes.h"
-#include "platform/RegistryFunctions.h"
 #include "platform/RegistryService.h"
 
 #include <memory>
@@ -16,9 +15,6 @@ namespace turfdesk {
 /// Throws RuntimeError, with words fit to show, when the tree is damaged, in use for too long or out of reach; also
 /// when it is missing or empty although a good copy tells that there was one.
 std::unique_ptr<RegistryService> OpenRegistryService(const std::string &home);
-
-/// The direct functions over the tree of the same home folder. Nothing is opened until the first call; never throws.
-std::unique_ptr<RegistryFunctions> MakeRegistryFunctions(const std::string &home);
 
 /// Sets a damaged settings file aside under a new name and brings back the last good copy, if there is one that is
 /// sound. A file that is merely busy or out of reach stays where it is. What was done, or what is the matter, is told

@@ -16,7 +16,8 @@ constexpr RegistryRoot machine = RegistryRoot::LocalMachine;
 class RegistryFunctionsTest : public testing::Test {
 protected:
   TemporaryHome mHome;
-  PosixRegistryFunctions mFunctions{mHome.Path(), std::chrono::milliseconds(20)};
+  SettingsAccess mAccess{mHome.Path(), std::chrono::milliseconds(20)};
+  PosixRegistryFunctions mFunctions{mAccess};
   RegistryHandle mKey = 0;
   std::uint32_t mType = 0;
   std::string mData;
@@ -71,7 +72,8 @@ TEST_F(RegistryFunctionsTest, TellsWhatIsTheMatterWithTheStore) {
   }
   EXPECT_EQ(mFunctions.RegSetValueExA(mKey, "", RegSz, "x"), RegSuccess);
   std::ofstream(store, std::ios::binary) << "no database";
-  PosixRegistryFunctions others(mHome.Path());
+  SettingsAccess laterAccess(mHome.Path());
+  PosixRegistryFunctions others(laterAccess);
   EXPECT_EQ(others.RegOpenKeyExA(classes, ".hlc", mKey), RegCorrupt);
   EXPECT_EQ(mKey, 0U);
 }
