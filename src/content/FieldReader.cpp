@@ -61,7 +61,7 @@ std::vector<std::string> FieldReader::ReadStringList() {
   for (int emptyAtStart = 0; emptyAtStart < 2;) {
     std::string text = ReadString(0);
     if (!text.empty()) {
-      totalSize += text.size() + sizeof(text);
+      totalSize += text.size() + sizeof(std::string);
       if (totalSize > LargestNamesList)
         throw RuntimeError(ErrorNumber::Overflow);
       texts.push_back(std::move(text));
@@ -104,19 +104,19 @@ std::string FieldReader::ReadGUID() {
     byte = ReadByte();
 
   // -1 is a dash; the others are places in the field.
-  static constexpr std::array<int, 20> Order = {3, 2, 1, 0, -1, 5, 4, -1, 7, 6, -1, 8, 9, -1, 10, 11, 12, 13, 14, 15};
-  static constexpr std::string_view Digits = "0123456789ABCDEF";
+  static constexpr std::array<int, 20> order = {3, 2, 1, 0, -1, 5, 4, -1, 7, 6, -1, 8, 9, -1, 10, 11, 12, 13, 14, 15};
+  static constexpr std::string_view digits = "0123456789ABCDEF";
   std::array<char, 38> text;
   char *next = text.data();
   *next++ = '{';
-  for (const int place : Order) {
+  for (const int place : order) {
     if (place < 0) {
       *next++ = '-';
       continue;
     }
     const std::uint8_t byte = bytes[static_cast<std::size_t>(place)];
-    *next++ = Digits[byte >> 4];
-    *next++ = Digits[byte & 0xF];
+    *next++ = digits[byte >> 4];
+    *next++ = digits[byte & 0xF];
   }
   *next = '}';
   return {text.data(), text.size()};

@@ -29,12 +29,12 @@ protected:
   }
 
   std::string Put(const samples::CourseSpec &spec, const std::string &folder = Source) {
-    const std::string path = folder + R"(\)" + spec.name + ".hlc";
+    std::string path = folder + R"(\)" + spec.name + ".hlc";
     samples::WriteCourse(world.Host(path), spec);
     return path;
   }
   std::string Put(const samples::LibrarySpec &spec, const std::string &folder = Source) {
-    const std::string path = folder + R"(\)" + spec.name + ".hlb";
+    std::string path = folder + R"(\)" + spec.name + ".hlb";
     samples::WriteLibrary(world.Host(path), spec);
     return path;
   }

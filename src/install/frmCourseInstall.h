@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 Turf Desk contributors
+
+#pragma once
+
+#include "install/RunInstall.h"
+#include "support/SharedState.h"
+
+#include <QDialog>
+
+#include <memory>
+#include <string>
+
+namespace turfdesk {
+
+class DirectoryList;
+class DriveList;
+class Ui_frmCourseInstall;
+
+/// The install dialog: the files to install and the directory to install them to. It stays loaded, selection included,
+/// while the status window that it opens does the work.
+class frmCourseInstall final : public QDialog {
+  Q_OBJECT
+
+public:
+  /// Takes up state.commandFile: opens on its directory, makes that the one to start in from now on, and selects it.
+  frmCourseInstall(SharedState &state, QWidget *parent);
+  ~frmCourseInstall() override;
+
+  /// What is chosen at this moment.
+  InstallRequest Request() const;
+
+private:
+  void Form_Load();
+  void btnInstall_Click();
+  void ConnectPickers();
+  void ConnectDrive(DriveList &drive, DirectoryList &directory);
+  /// Puts the pickers where lists start, then where the dialogs start.
+  void OpenStartFolders();
+  void Preselect(const std::string &fileName);
+
+  SharedState &mState;
+  std::unique_ptr<Ui_frmCourseInstall> mUi;
+};
+
+} // namespace turfdesk

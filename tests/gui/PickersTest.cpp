@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 Turf Desk contributors
+
+#include "widgets/DirectoryList.h"
+#include "widgets/DriveList.h"
+#include "widgets/FileList.h"
+
+#include "gui/FakeFolders.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace turfdesk {
+
+namespace {
+
+class DirectoryListTest : public testing::Test {
+protected:
+  DirectoryListTest() {
+    list.SetFolders(folders);
+    list.resize(200, 200);
+    list.show();
+    changes.clear();
+  }
+
+  QStringList Entries() const {
+    QStringList texts;
+    for (int row = 0; row < list.count(); ++row)
+      texts.append(list.item(row)->text());
+    return texts;
+  }
+  void ClickEntry(int row) {
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualItemRect(list.item(row)).center());
+  }
+  void DoubleClickEntry(int row) {
+    ClickEntry(row);
+    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, list.visualItemRect(list.item(row)).center());
+  }
+
+  test::FakeFolders folders;
+  DirectoryList list;
+  QSignalSpy changes{&list, &DirectoryList::Change};
+  QSignalSpy failures{&list, &DirectoryList::OpenFailed};
+};
+
+} // namespace
+
+TEST_F(DirectoryListTest, ShowsAncestorsTheFolderAndItsChildren) {
+  EXPECT_EQ(list.Path(), "C:\\");
+  list.SetPath(R"(C:\Games)");
+  EXPECT_EQ(Entries(), (QStringList{"C:\\", "Games", "Marrowfell", "Locked"}));
+  EXPECT_EQ(list.HighlightedPath(), R"(C:\Games)");
+  EXPECT_EQ(changes.count(), 1);
+  list.SetPath(R"(C:\Games)");
+  EXPECT_EQ(changes.count(), 1) << "reading the open folder anew is no change";
+}
+
+TEST_F(DirectoryListTest, AHighlightedEntryOpensByDoubleClickOrEnter) {
+  list.SetPath(R"(C:\Games)");
+  ClickEntry(2);
+  EXPECT_EQ(list.HighlightedPath(), R"(C:\Games\Marrowfell)");
+  EXPECT_EQ(list.Path(), R"(C:\Games)");
+  DoubleClickEntry(2);
+  EXPECT_EQ(list.Path(), R"(C:\Games\Marrowfell)");
+  EXPECT_EQ(Entries(), (QStringList{"C:\\", "Games", "Marrowfell"}));
+  QTest::keyClick(&list, Qt::Key_Home);
+  EXPECT_EQ(list.Path(), R"(C:\Games\Marrowfell)");
+  QTest::keyClick(&list, Qt::Key_Return);
+  EXPECT_EQ(list.Path(), "C:\\");
+}
+
+TEST_F(DirectoryListTest, AFolderThatCannotBeOpenedLeavesThePlace) {
+  list.SetPath(R"(C:\Games)");
+  DoubleClickEntry(3);
+  ASSERT_EQ(failures.count(), 1);
+  EXPECT_EQ(failures[0][0].toString(), "Path/File access error");
+  EXPECT_THROW(list.SetPath("A:"), RuntimeError);
+  EXPECT_EQ(list.Path(), R"(C:\Games)");
+  EXPECT_EQ(Entries(), (QStringList{"C:\\", "Games", "Marrowfell", "Locked"}));
+}
+
+TEST(DriveListTest, TellsOfAnotherDriveAndOfTheUsersChoice) {
+  test::FakeFolders folders;
+  DriveList drives;
+  drives.SetFolders(folders);
+  EXPECT_EQ(drives.Drive(), "C:");
+  const QSignalSpy changes(&drives, &DriveList::Change);
+  drives.SetDrive(R"(c:\Games)");
+  EXPECT_EQ(changes.count(), 0);
+  drives.SetDrive("d:");
+  EXPECT_EQ(drives.Drive(), "D:");
+  EXPECT_EQ(changes.count(), 1);
+  EXPECT_THROW(drives.SetDrive("Q:\\"), RuntimeError);
+  EXPECT_EQ(drives.Drive(), "D:");
+  drives.show();
+  QTest::keyClick(&drives, Qt::Key_Up);
+  EXPECT_EQ(drives.Drive(), "C:");
+  EXPECT_EQ(changes.count(), 2);
+}
+
+TEST(FileListTest, SelectsSeveralFilesAndForgetsThemWithTheFolder) {
+  test::FakeFolders folders;
+  FileList files;
+  files.SetFolders(folders);
+  files.SetPattern("*.hlc;*.hlz");
+  files.SetPath(R"(C:\Games)");
+  EXPECT_EQ(folders.lastPattern, "*.hlc;*.hlz");
+  files.show();
+  const auto click = [&files](int row, Qt::KeyboardModifiers keys) {
+    QTest::mouseClick(files.viewport(), Qt::LeftButton, keys, files.visualItemRect(files.item(row)).center());
+  };
+  click(0, {});
+  click(2, Qt::ShiftModifier);
+  click(1, Qt::ControlModifier);
+  ASSERT_EQ(files.ListCount(), 3);
+  EXPECT_TRUE(files.Selected(0) && !files.Selected(1) && files.Selected(2));
+  EXPECT_EQ(files.List(1), "beta.HLC");
+  EXPECT_THROW(files.SetPath(R"(C:\Gone)"), RuntimeError);
+  EXPECT_EQ(files.ListCount(), 0) << "files of another folder would mislead";
+  files.SetPath(R"(C:\Games)");
+  EXPECT_FALSE(files.Selected(0));
+}
+
+} // namespace turfdesk

@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 Turf Desk contributors
+
+#include <QApplication>
+
+#include <gtest/gtest.h>
+
+int main(int argc, char **argv) {
+  testing::InitGoogleTest(&argc, argv);
+  // Naming the tests needs no display, and there is none when they are named while building.
+  if (GTEST_FLAG_GET(list_tests))
+    return RUN_ALL_TESTS();
+  const QApplication application(argc, argv);
+  return RUN_ALL_TESTS();
+}
