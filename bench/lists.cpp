@@ -59,6 +59,7 @@ public:
   }
 
   void LoadWithNewService() {
+    mState->registryService.reset();
     mState->registryService = mPlatform->CreateRegistryService();
     Load();
   }

@@ -29,7 +29,10 @@ bool IsAvailable(const SharedState &state, const MainCommand &command) {
   return command.run != nullptr && !(command.coursesOnly && state.activeList == ActiveLibraries);
 }
 
-/// The picture is decoded while the window system makes the window.
+// What the window is before its picture is there: the picture's own mean.
+constexpr QColor MeanOfBackground(0xD5, 0xE5, 0xD2);
+
+/// The picture is decoded while the controls are made.
 std::future<QImage> LoadBackground(qreal scale) {
   // The name says how many pixels of the picture make one of the window.
   const char *path = scale > 1 ? ":/background@2x.png" : ":/background.png";
@@ -38,8 +41,7 @@ std::future<QImage> LoadBackground(qreal scale) {
 
 } // namespace
 
-frmTurfManager::frmTurfManager(SharedState &state)
-    : mState(state), mLoadingBackground(LoadBackground(devicePixelRatioF())) {
+frmTurfManager::frmTurfManager(SharedState &state) : mState(state) {
   setObjectName("frmTurfManager");
   setWindowTitle(ToQString(LoadResString(StringId::Title)));
   resize(StartSize);
@@ -132,6 +134,13 @@ void frmTurfManager::Run(std::string_view button) {
 }
 
 void frmTurfManager::paintEvent(QPaintEvent *) {
+  QPainter painter(this);
+  if (mBackground.isNull() && !mLoadingBackground.valid()) {
+    // The first time: nobody is made to wait for a decoration.
+    mLoadingBackground = LoadBackground(devicePixelRatioF());
+    painter.fillRect(rect(), MeanOfBackground);
+    return;
+  }
   if (mLoadingBackground.valid())
     mBackground = QPixmap::fromImage(mLoadingBackground.get());
   // The picture fills the window and keeps its shape; what is too much is cut off evenly.
@@ -142,7 +151,6 @@ void frmTurfManager::paintEvent(QPaintEvent *) {
     scale = 1;
   QRectF place(QPointF(0, 0), picture * scale);
   place.moveCenter(QRectF(rect()).center());
-  QPainter painter(this);
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
   painter.drawPixmap(place.toRect(), mBackground);
 }
