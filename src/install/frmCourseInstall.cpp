@@ -47,12 +47,14 @@ void frmCourseInstall::Form_Load() {
     preselected = GetFilePart(mState, mState.commandFile);
     mState.commandFile.clear();
   }
-  Guarded(mState, "", [this] { OpenStartFolders(); });
-  if (!preselected.empty())
-    Preselect(preselected);
+  Guarded(mState, "", [&] {
+    // Where the folder is gone, a file of the same name elsewhere is not the one that was meant.
+    if (OpenStartFolders() && !preselected.empty())
+      Preselect(preselected);
+  });
 }
 
-void frmCourseInstall::OpenStartFolders() {
+bool frmCourseInstall::OpenStartFolders() {
   FolderReader &folders = mState.platform.Folders();
   mUi->fileSource->SetFolders(folders);
   mUi->driveSource->SetFolders(folders);
@@ -60,11 +62,12 @@ void frmCourseInstall::OpenStartFolders() {
   mUi->driveDestination->SetFolders(folders);
   mUi->dirDestination->SetFolders(folders);
   if (!DirExists(mState, mState.defaultDir))
-    return;
+    return false;
   mUi->driveSource->SetDrive(mState.defaultDir);
   mUi->dirSource->SetPath(mState.defaultDir);
   mUi->driveDestination->SetDrive(mState.defaultDir);
   mUi->dirDestination->SetPath(mState.defaultDir);
+  return true;
 }
 
 void frmCourseInstall::Preselect(const std::string &fileName) {

@@ -36,7 +36,8 @@ private:
   void ConnectPickers();
   void ConnectDrive(DriveList &drive, DirectoryList &directory);
   /// Puts the pickers where lists start, then where the dialogs start.
-  void OpenStartFolders();
+  /// False when the folder to start in is gone; the lists then stay where they begin.
+  bool OpenStartFolders();
   void Preselect(const std::string &fileName);
 
   SharedState &mState;
