@@ -76,6 +76,7 @@ private:
     for (std::size_t i = 0; i < list.Count(); ++i)
       byKey[list.At(i).Key()] = mPlatform->ToHostPath(list.At(i).SubItems(1));
     std::vector<std::string> files;
+    files.reserve(byKey.size());
     for (const auto &[key, path] : byKey)
       files.push_back(path);
     return files;

@@ -245,6 +245,9 @@ TEST_F(FormsTest, ADriveThatIsNotReadyIsToldAndLeavesTheDirectory) {
 }
 
 TEST_F(FormsTest, AGoneDirectoryOpensTheDialogWithNothingSelected) {
+  // The lists then begin in the current folder, where a file of the same name is another one.
+  samples::WriteFile(world.Host(R"(C:\Golf\x.hlz)"), samples::ToBytes("another"));
+  std::filesystem::current_path(world.Host(R"(C:\Golf)"));
   state.commandFile = R"(C:\Gone\x.hlz)";
   frmCourseInstall dialog(state, nullptr);
   EXPECT_EQ(state.defaultDir, R"(C:\Gone)");
