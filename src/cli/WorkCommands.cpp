@@ -103,6 +103,9 @@ ExitStatus InstallFiles(CommandContext &context, const InstallOptions &options) 
 
   bool result = true;
   for (const InstallRequest &request : requests) {
+    // Each run has a window of its own, whose labels begin empty.
+    context.window.FileLabel().SetCaption("");
+    context.window.RouteLabel().SetCaption("");
     result = RunInstall(state, request, context.window);
     if (!result)
       break;

@@ -171,7 +171,13 @@ int RunTurfctl(int argc, char **argv) {
   } catch (const CLI::ParseError &error) {
     return commandLine.App().exit(error) == 0 ? 0 : static_cast<int>(ExitStatus::Usage);
   }
-  return static_cast<int>(Run(commandLine.options, commandLine.command));
+  const ExitStatus status = Run(commandLine.options, commandLine.command);
+  // A script must not take an answer that could not be written for a success.
+  if (!std::cout.flush() && status == ExitStatus::Done) {
+    std::cerr << "The answer could not be written." << std::endl;
+    return static_cast<int>(ExitStatus::Failed);
+  }
+  return static_cast<int>(status);
 }
 
 } // namespace
