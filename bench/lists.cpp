@@ -4,9 +4,9 @@
 // How long the two lists of the main window take to load.
 
 #include "Measure.h"
+#include "catalogue/LoadLists.h"
 #include "platform/Platform.h"
 #include "samples/World.h"
-#include "shell/LoadLists.h"
 #include "shell/Main.h"
 #include "support/SharedState.h"
 

@@ -6,8 +6,8 @@
 
 #include "catalogue/CatalogueRows.h"
 #include "catalogue/Dependencies.h"
+#include "catalogue/LoadLists.h"
 #include "platform/CaseFold.h"
-#include "shell/LoadLists.h"
 #include "support/Prompts.h"
 #include "support/basVorinString.h"
 

@@ -4,11 +4,12 @@
 #include "cli/Commands.h"
 
 #include "catalogue/CatalogueRows.h"
+#include "catalogue/LoadLists.h"
+#include "catalogue/Selection.h"
 #include "install/RunInstall.h"
 #include "packaging/RunCompress.h"
 #include "platform/CaseFold.h"
 #include "platform/RuntimeError.h"
-#include "shell/LoadLists.h"
 #include "support/ErrorHandling.h"
 #include "support/basVorinFile.h"
 #include "support/basVorinString.h"

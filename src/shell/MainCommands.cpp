@@ -3,8 +3,8 @@
 
 #include "shell/MainCommands.h"
 
+#include "catalogue/LoadLists.h"
 #include "install/frmCourseInstall.h"
-#include "shell/LoadLists.h"
 #include "support/Prompts.h"
 
 #include <QCoreApplication>

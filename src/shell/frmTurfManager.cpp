@@ -3,8 +3,9 @@
 
 #include "shell/frmTurfManager.h"
 
+#include "catalogue/LoadLists.h"
+#include "catalogue/Selection.h"
 #include "shell/FileTypes.h"
-#include "shell/LoadLists.h"
 #include "support/ErrorHandling.h"
 #include "support/StringTable.h"
 #include "ui_frmTurfManager.h"
@@ -130,7 +131,8 @@ void frmTurfManager::EnableCommands() {
 void frmTurfManager::Run(std::string_view button) {
   const MainCommand &command = CommandOfButton(button);
   if (IsAvailable(mState, command))
-    Guarded(mState, "", [this, &command] { command.run(mState, *this); });
+    Guarded(mState,
+            "frmTurfManager." + std::string(button) + "_Click(): ", [this, &command] { command.run(mState, *this); });
 }
 
 void frmTurfManager::paintEvent(QPaintEvent *) {

@@ -4,8 +4,8 @@
 #include "shell/frmTurfManager.h"
 
 #include "catalogue/Catalogue.h"
+#include "catalogue/LoadLists.h"
 #include "install/frmCourseInstall.h"
-#include "shell/LoadLists.h"
 #include "widgets/AviAnimation.h"
 #include "widgets/DirectoryList.h"
 #include "widgets/DriveList.h"

@@ -2,8 +2,9 @@
 // SPDX-FileCopyrightText: 2026 Turf Desk contributors
 
 #include "catalogue/Catalogue.h"
+#include "catalogue/LoadLists.h"
+#include "catalogue/Selection.h"
 #include "shell/FileTypes.h"
-#include "shell/LoadLists.h"
 #include "shell/Main.h"
 #include "support/Registry.h"
 #include "support/basVorinRegistry.h"

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 Turf Desk contributors
 
-#include "shell/LoadLists.h"
+#include "catalogue/LoadLists.h"
 
 #include "catalogue/Catalogue.h"
 #include "catalogue/CatalogueRows.h"
 #include "support/ErrorHandling.h"
-#include "support/StringTable.h"
 #include "support/basVorinRegistry.h"
 
 namespace turfdesk {
@@ -42,24 +41,6 @@ void LoadLibraries(SharedState &state) {
     FillList(state, state.lstLibraries, LibrariesKey, &GetLibraryName, &FillLibraryRow);
     SelectFirstRow(state, state.lstLibraries, ActiveLibraries);
   });
-}
-
-bool ListHasItems(SharedState &state, std::int32_t which) {
-  if (which == ActiveCourses && state.lstCourses.Count() == 0) {
-    ShowInfo(state, LoadResString(StringId::NoCourses));
-    return false;
-  }
-  if (which == ActiveLibraries && state.lstLibraries.Count() == 0) {
-    ShowInfo(state, LoadResString(StringId::NoLibraries));
-    return false;
-  }
-  return true;
-}
-
-void ActivateList(SharedState &state, std::int32_t which) {
-  state.activeList = which;
-  ListView &other = which == ActiveCourses ? state.lstLibraries : state.lstCourses;
-  other.Select(nullptr);
 }
 
 } // namespace turfdesk
