@@ -35,6 +35,9 @@ public:
   virtual void CloseKey() = 0;
   /// Deletes the key and its values, and is true when that worked. A key with subkeys is not deleted.
   virtual bool DeleteKey(std::string_view keyPath) = 0;
+  /// Would DeleteKey work at this moment? If not, LastErrorText has the words that it would leave. For work that has to
+  /// delete other things first.
+  virtual bool MayDeleteKey(std::string_view keyPath) = 0;
   /// Number of subkeys of the open key.
   virtual std::int32_t SubkeyCount() = 0;
   /// Does the key exist under the root? Needs no open key and leaves an open one as it is.

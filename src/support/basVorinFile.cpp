@@ -3,6 +3,7 @@
 
 #include "support/basVorinFile.h"
 
+#include "platform/RuntimeError.h"
 #include "support/Prompts.h"
 #include "support/basVorinString.h"
 
@@ -66,7 +67,13 @@ bool MoveFile(SharedState &state, std::string_view sourceDir, std::string_view s
               std::string_view destinationDir, std::string_view destinationName) {
   if (!CopyFile(state, sourceDir, sourceName, destinationDir, destinationName))
     return false;
-  if (DeleteFile(state, AddBackslash(sourceDir) + std::string(sourceName)))
+  const std::string source = AddBackslash(sourceDir) + std::string(sourceName);
+  // The last look before the only step that could lose something.
+  if (GetFileSize(state, source) != GetFileSize(state, AddBackslash(destinationDir) + std::string(destinationName))) {
+    state.lastFileError = ErrorText(ErrorNumber::DeviceIo);
+    return false;
+  }
+  if (DeleteFile(state, source))
     return true;
   return AskOkCancel(state, "The source file cannot be deleted.  If you are moving\r\n"
                             "this file from a CD-ROM drive click OK to continue.  Otherwise,\r\n"

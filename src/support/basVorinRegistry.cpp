@@ -86,6 +86,11 @@ bool DeleteRegistryKey(SharedState &state, std::string_view root, std::string_vi
   return deleted;
 }
 
+bool RegistryKeyMayBeDeleted(SharedState &state, std::string_view root, std::string_view key) {
+  state.registryService->SetRootKey(root);
+  return state.registryService->MayDeleteKey(key);
+}
+
 StringList GetSubkeys(SharedState &state, std::string_view root, std::string_view key) {
   const OpenedKey opened(state, root, key, false);
   if (!opened)

@@ -30,6 +30,9 @@ bool RegistryKeyExists(SharedState &state, std::string_view root, std::string_vi
 /// True when the key went away. False when it did not exist or cannot be deleted.
 bool DeleteRegistryKey(SharedState &state, std::string_view root, std::string_view key);
 
+/// Would DeleteRegistryKey work at this moment? For work that cannot be undone and ends with the key.
+bool RegistryKeyMayBeDeleted(SharedState &state, std::string_view root, std::string_view key);
+
 /// Names of the key's subkeys in the tree's order; no list when there are none or the key is missing.
 StringList GetSubkeys(SharedState &state, std::string_view root, std::string_view key);
 

@@ -82,7 +82,13 @@ FaultyRegistry &FaultyRegistry::Install(SharedState &state) {
 
 bool FaultyRegistry::DeleteKey(std::string_view keyPath) {
   ++deleteCalls;
+  mFailed = undeletable;
   return !undeletable && mReal->DeleteKey(keyPath);
+}
+
+bool FaultyRegistry::MayDeleteKey(std::string_view keyPath) {
+  mFailed = undeletable && !surprise;
+  return !mFailed && mReal->MayDeleteKey(keyPath);
 }
 
 void FaultyRegistry::SetStringValue(std::string_view valueName, std::string_view value) {

@@ -126,8 +126,9 @@ public:
 
   /// Writes to values of this name fail; "" lets all pass.
   std::string failingValue;
-  /// DeleteKey says false and does nothing.
+  /// DeleteKey says false and does nothing; MayDeleteKey knows it beforehand, unless it comes as a surprise.
   bool undeletable = false;
+  bool surprise = false;
   int deleteCalls = 0;
 
   void SetRootKey(std::string_view rootName) override { mReal->SetRootKey(rootName); }
@@ -135,6 +136,7 @@ public:
   std::string LastErrorText() const override { return mFailed ? "Access is denied." : mReal->LastErrorText(); }
   void CloseKey() override { mReal->CloseKey(); }
   bool DeleteKey(std::string_view keyPath) override;
+  bool MayDeleteKey(std::string_view keyPath) override;
   std::int32_t SubkeyCount() override { return mReal->SubkeyCount(); }
   bool KeyExists(std::string_view keyPath) override { return mReal->KeyExists(keyPath); }
   bool OpenKey(std::string_view keyPath, bool create) override { return mReal->OpenKey(keyPath, create); }

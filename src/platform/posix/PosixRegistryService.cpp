@@ -73,11 +73,19 @@ bool PosixRegistryService::OpenKey(std::string_view keyPath, bool create) {
 }
 
 bool PosixRegistryService::DeleteKey(std::string_view keyPath) {
+  return Delete([this, keyPath] { return mStore->DeleteKey(*mRoot, keyPath); });
+}
+
+bool PosixRegistryService::MayDeleteKey(std::string_view keyPath) {
+  return Delete([this, keyPath] { return mStore->TryDeleteKey(*mRoot, keyPath); });
+}
+
+template <typename Deletion> bool PosixRegistryService::Delete(const Deletion &deletion) {
   mLastError = 0;
   if (!mRoot)
     return Fail(ErrorNumber::PathNotFound, noTree);
   return Attempt([&] {
-    const SettingsStore::Deletion result = mStore->DeleteKey(*mRoot, keyPath);
+    const SettingsStore::Deletion result = deletion();
     if (result == SettingsStore::Deletion::NoSuchKey)
       return Fail(ErrorNumber::PathNotFound, noKey);
     if (result == SettingsStore::Deletion::HasSubkeys)

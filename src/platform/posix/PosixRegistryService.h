@@ -34,6 +34,7 @@ public:
   std::string LastErrorText() const override { return mLastErrorText; }
   void CloseKey() override { mIsOpen = false; }
   bool DeleteKey(std::string_view keyPath) override;
+  bool MayDeleteKey(std::string_view keyPath) override;
   std::int32_t SubkeyCount() override;
   bool KeyExists(std::string_view keyPath) override;
   /// A key that the store refuses to create, because it is read-only for example, gives false.
@@ -51,6 +52,7 @@ private:
   void SetValue(std::string_view valueName, const SettingsValue &value);
   /// Makes a refusal of the store a false result.
   template <typename Request> bool Attempt(const Request &request);
+  template <typename Deletion> bool Delete(const Deletion &deletion);
   bool Fail(ErrorNumber number, std::string_view words);
 
   std::shared_ptr<SettingsStore> mStore;

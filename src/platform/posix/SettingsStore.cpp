@@ -120,15 +120,33 @@ void SettingsStore::CreateKey(RegistryRoot root, std::string_view keyPath) {
 SettingsStore::Deletion SettingsStore::DeleteKey(RegistryRoot root, std::string_view keyPath) {
   Deletion result = Deletion::Done;
   Transact([&] {
-    SettingsKey *key = Walk(root, WithoutTrailingBackslash(keyPath));
+    SettingsKey *key = FindDeletable(root, keyPath, result);
     if (!key)
-      result = Deletion::NoSuchKey;
-    else if (!key->parent || !key->subkeys.empty())
-      result = Deletion::HasSubkeys;
-    else
-      EraseKey(*key);
+      return;
+    DeleteRows(*key);
+    mLastKey = nullptr;
+    mTree.Erase(*key);
   });
   return result;
+}
+
+SettingsStore::Deletion SettingsStore::TryDeleteKey(RegistryRoot root, std::string_view keyPath) {
+  Deletion result = Deletion::Done;
+  const auto tryIt = [&] {
+    if (const SettingsKey *key = FindDeletable(root, keyPath, result))
+      DeleteRows(*key);
+  };
+  Transact(tryIt, Outcome::Undo);
+  return result;
+}
+
+SettingsKey *SettingsStore::FindDeletable(RegistryRoot root, std::string_view keyPath, Deletion &result) {
+  SettingsKey *key = Walk(root, WithoutTrailingBackslash(keyPath));
+  if (!key)
+    result = Deletion::NoSuchKey;
+  else if (!key->parent || !key->subkeys.empty())
+    result = Deletion::HasSubkeys;
+  return result == Deletion::Done ? key : nullptr;
 }
 
 bool SettingsStore::SetValue(RegistryRoot root, std::string_view keyPath, std::string_view valueName,
@@ -173,11 +191,9 @@ SettingsKey &SettingsStore::MakeKey(RegistryRoot root, std::string_view keyPath)
   return *key;
 }
 
-void SettingsStore::EraseKey(SettingsKey &key) {
+void SettingsStore::DeleteRows(const SettingsKey &key) {
   mSession->deleteValues.Bind(1, key.id).Run();
   mSession->deleteKey.Bind(1, key.parent->id).Bind(2, key.foldedName).Run();
-  mLastKey = nullptr;
-  mTree.Erase(key);
 }
 
 void SettingsStore::StoreValue(SettingsKey &key, std::string_view valueName, const SettingsValue &value) {
@@ -194,7 +210,7 @@ void SettingsStore::StoreValue(SettingsKey &key, std::string_view valueName, con
   key.values.Set(folded.View(), value);
 }
 
-void SettingsStore::Transact(const std::function<void()> &work) {
+void SettingsStore::Transact(const std::function<void()> &work, Outcome outcome) {
   CheckWritable(mPaths);
   const SettingsLock lock(mPaths, SettingsLock::Mode::Shared, mPatience);
   if (mSession->connection.HasMoved())
@@ -207,6 +223,10 @@ void SettingsStore::Transact(const std::function<void()> &work) {
   const auto counter = static_cast<std::uint32_t>(std::exchange(mChangeCounter, noCounter));
   const std::int64_t changesBefore = connection.TotalChanges();
   work();
+  if (outcome == Outcome::Undo) {
+    mChangeCounter = counter;
+    return;
+  }
   transaction.Commit();
   const std::uint32_t ownCounter = connection.TotalChanges() == changesBefore ? counter : counter + 1;
   if (mSession->header.ChangeCounter() == ownCounter)

@@ -59,6 +59,8 @@ public:
   enum class Deletion { Done, NoSuchKey, HasSubkeys };
   /// A root counts as a key with subkeys.
   Deletion DeleteKey(RegistryRoot root, std::string_view keyPath);
+  /// What DeleteKey would give, or throw, at this moment. The key stays.
+  Deletion TryDeleteKey(RegistryRoot root, std::string_view keyPath);
   /// False when the key does not exist; it is not created then.
   bool SetValue(RegistryRoot root, std::string_view keyPath, std::string_view valueName, const SettingsValue &value);
   /// All of them or, when it throws, none.
@@ -85,10 +87,14 @@ private:
   bool IsBesideLast(RegistryRoot root, std::string_view keyPath) const;
   SettingsKey *Walk(RegistryRoot root, std::string_view keyPath);
   SettingsKey &MakeKey(RegistryRoot root, std::string_view keyPath);
-  void EraseKey(SettingsKey &key);
+  /// The key, when it may go; else null, and result says why.
+  SettingsKey *FindDeletable(RegistryRoot root, std::string_view keyPath, Deletion &result);
+  void DeleteRows(const SettingsKey &key);
   void StoreValue(SettingsKey &key, std::string_view valueName, const SettingsValue &value);
-  /// Runs work with the tree current and nobody else writing, and commits what it has changed.
-  void Transact(const std::function<void()> &work);
+  enum class Outcome { Commit, Undo };
+  /// Runs work with the tree current and nobody else writing, and commits what it has changed or, with Undo, drops it;
+  /// such work leaves the tree in memory alone.
+  void Transact(const std::function<void()> &work, Outcome outcome = Outcome::Commit);
 
   SettingsPaths mPaths;
   std::chrono::milliseconds mPatience;
