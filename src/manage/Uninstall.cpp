@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 Turf Desk contributors
+
+#include "manage/Uninstall.h"
+
+#include "catalogue/Catalogue.h"
+#include "catalogue/CatalogueRows.h"
+#include "catalogue/Dependencies.h"
+#include "catalogue/Selection.h"
+#include "catalogue/SideFiles.h"
+#include "support/ErrorHandling.h"
+#include "support/Prompts.h"
+#include "support/StringTable.h"
+#include "support/basVorinFile.h"
+#include "support/basVorinRegistry.h"
+#include "support/basVorinString.h"
+
+#include <array>
+#include <string>
+
+namespace turfdesk {
+
+namespace {
+
+void DeleteIfThere(SharedState &state, const std::string &path) {
+  if (FileExists(state, path))
+    DeleteFile(state, path);
+}
+
+/// Files cannot be brought back, so the key that goes last is looked at first.
+bool KeyMayGo(SharedState &state, const std::string &entryKey) {
+  if (RegistryKeyMayBeDeleted(state, LocalMachine, entryKey))
+    return true;
+  ShowError(state, GetRegistryError(state));
+  return false;
+}
+
+bool DeleteEntry(SharedState &state, const std::string &entryKey) {
+  if (DeleteRegistryKey(state, LocalMachine, entryKey))
+    return true;
+  ShowError(state, GetRegistryError(state));
+  return false;
+}
+
+/// The row may have gone meanwhile: the boxes let window events run.
+void RemoveRow(ListView &list, std::string_view key) {
+  if (Row *row = list.FindKey(key))
+    list.Remove(*row);
+}
+
+void OfferOrphans(SharedState &state, std::string_view courseKey, std::string_view libraryList) {
+  for (const std::string &libraryKey : ParseList(libraryList))
+    if (IsOrphanOfCourse(state, libraryKey, courseKey) &&
+        AskAboutOrphan(state, libraryKey, LoadResString(StringId::WishToDelete)))
+      UninstallLibrary(state, libraryKey, false);
+}
+
+bool UsersAccept(SharedState &state, std::string_view libraryKey) {
+  std::vector<std::string> courses;
+  ListCoursesUsingLibrary(state.lstCourses, courses, libraryKey);
+  for (const std::string &course : courses)
+    if (!AskYesNo(state, LoadResString(StringId::LibraryUsedByCourses) + Newlines(2) + course + Newlines(2) +
+                             LoadResString(StringId::WishToContinue)))
+      return false;
+  return true;
+}
+
+constexpr std::string_view LibraryWarning =
+    "WARNING: Uninstalling a library that is used by a course will make that course unplayable, \r\n"
+    "and attempting to play that course will cause Marrowfell 2002 to exit.";
+
+bool UninstallSelectedCourse(SharedState &state, const Row &row) {
+  // The row leaves its list before its name is shown for the last time.
+  const std::string name = row.Text();
+  const std::string key = row.Tag();
+  const std::string libraries = row.SubItems(column::Libraries);
+  if (!AskYesNo(state, LoadResString(StringId::SureToDeleteCourse) + Newlines(2) + name))
+    return false;
+  const bool gone = UninstallCourse(state, key, libraries);
+  if (gone)
+    ShowInfo(state, name + Newlines(2) + LoadResString(StringId::CourseUninstalled));
+  else
+    ShowError(state, LoadResString(StringId::UnableToUninstallCourse));
+  return gone;
+}
+
+bool UninstallSelectedLibrary(SharedState &state, const Row &row) {
+  const std::string name = row.Text();
+  const std::string key = row.Tag();
+  if (!AskYesNo(state, LoadResString(StringId::SureToDeleteLibrary) + Newlines(2) + name + Newlines(2) +
+                           std::string(LibraryWarning)))
+    return false;
+  const bool gone = UninstallLibrary(state, key, true);
+  if (gone)
+    ShowInfo(state, name + Newlines(2) + LoadResString(StringId::LibraryUninstalled));
+  else
+    ShowError(state, LoadResString(StringId::UnableToUninstallLibrary));
+  return gone;
+}
+
+} // namespace
+
+bool UninstallSelected(SharedState &state) {
+  bool gone = false;
+  Guarded(state, "frmTurfManager.btnCourseUninstall_Click(): ", [&] {
+    if (const Row *row = SelectedRow(state, state.activeList))
+      gone = state.activeList == ActiveCourses ? UninstallSelectedCourse(state, *row)
+                                               : UninstallSelectedLibrary(state, *row);
+  });
+  return gone;
+}
+
+bool UninstallCourse(SharedState &state, std::string_view courseKey, std::string_view libraryList) {
+  const std::string entryKey = CourseEntryKey(courseKey);
+  const std::array media = {GetCoursePicture(state, courseKey), GetCourseMusic(state, courseKey),
+                            GetCourseVideo(state, courseKey), GetCourseText(state, courseKey)};
+  const std::string courseFile = GetCourseFilename(state, courseKey);
+  if (!KeyMayGo(state, entryKey))
+    return false;
+  for (const std::string &path : media)
+    DeleteIfThere(state, path);
+  DeleteCourseStats(state, courseKey);
+  OfferOrphans(state, courseKey, libraryList);
+  DeleteIfThere(state, courseFile);
+  if (!DeleteEntry(state, entryKey))
+    return false;
+  RemoveRow(state.lstCourses, courseKey);
+  return true;
+}
+
+bool UninstallLibrary(SharedState &state, std::string_view libraryKey, bool askIfUsed) {
+  const std::string entryKey = LibraryEntryKey(libraryKey);
+  const std::string libraryFile = GetLibraryFilename(state, libraryKey);
+  if ((askIfUsed && !UsersAccept(state, libraryKey)) || !KeyMayGo(state, entryKey))
+    return false;
+  DeleteIfThere(state, libraryFile);
+  if (!DeleteEntry(state, entryKey))
+    return false;
+  DeleteLibrarySwapFile(state, libraryKey);
+  RemoveRow(state.lstLibraries, libraryKey);
+  return true;
+}
+
+} // namespace turfdesk
