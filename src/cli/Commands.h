@@ -7,6 +7,8 @@
 #include "cli/Transcript.h"
 #include "support/SharedState.h"
 
+#include <array>
+#include <optional>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -53,6 +55,21 @@ struct CompressOptions {
 };
 ExitStatus CompressCourse(CommandContext &context, const CompressOptions &options);
 
+/// Which row a command is to act on.
+struct RowOptions {
+  /// Key or name.
+  std::string name;
+  /// A library, also where a course has the same key or name.
+  bool library = false;
+};
+ExitStatus UninstallContent(CommandContext &context, const RowOptions &row);
+ExitStatus MoveContent(CommandContext &context, const RowOptions &row, const std::string &destination);
+ExitStatus ClearStatistics(CommandContext &context, const std::string &course);
+
+/// Host or Windows paths in the order of CourseMediaKinds. "" clears one; one that is not given stays as it is.
+using MediaOptions = std::array<std::optional<std::string>, 3>;
+ExitStatus SetMedia(CommandContext &context, const std::string &course, const MediaOptions &media);
+
 ExitStatus ListSettings(CommandContext &context);
 ExitStatus GetSetting(CommandContext &context, const std::string &name);
 ExitStatus SetSetting(CommandContext &context, const std::string &name, const std::string &value);
@@ -72,9 +89,5 @@ std::string OperationJson(const Transcript &transcript, bool result, const std::
 
 /// The end of a command whose answer has been printed: Failed when an error was shown on the way.
 ExitStatus ReportAnswer(CommandContext &context);
-
-/// The row that key (without regard to case) or name stands for. Null when there is none or a name stands for several;
-/// the reason has then been shown. what is "course" or "library".
-Row *FindByKeyOrName(CommandContext &context, const ListView &list, const std::string &name, const std::string &what);
 
 } // namespace turfdesk

@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 Turf Desk contributors
 
+#include "cli/Arguments.h"
 #include "cli/Commands.h"
 #include "cli/Json.h"
 
 #include "catalogue/CatalogueRows.h"
 #include "catalogue/Dependencies.h"
-#include "catalogue/LoadLists.h"
-#include "platform/CaseFold.h"
-#include "support/Prompts.h"
 #include "support/basVorinString.h"
 
 namespace turfdesk {
@@ -60,23 +58,6 @@ void PrintFields(std::ostream &out, const Json &fields) {
   }
 }
 
-void LoadLists(SharedState &state) {
-  LoadCourses(state);
-  LoadLibraries(state);
-}
-
-std::vector<Row *> RowsNamed(const ListView &list, const std::string &name) {
-  std::vector<Row *> rows;
-  for (std::size_t i = 0; i < list.Count(); ++i) {
-    Row &row = list.At(i);
-    if (EqualsIgnoringCase(row.Key(), name))
-      return {&row};
-    if (EqualsIgnoringCase(row.Text(), name))
-      rows.push_back(&row);
-  }
-  return rows;
-}
-
 } // namespace
 
 ExitStatus ListContent(CommandContext &context, const ListOptions &options) {
@@ -102,7 +83,7 @@ ExitStatus ShowContent(CommandContext &context, const std::string &name) {
   const ListView &courses = context.state.lstCourses;
   const ListView &libraries = context.state.lstLibraries;
   Json answer;
-  if (!RowsNamed(courses, name).empty() || RowsNamed(libraries, name).empty()) {
+  if (IsNamed(courses, name) || !IsNamed(libraries, name)) {
     const Row *course = FindByKeyOrName(context, courses, name, "course or library");
     if (course != nullptr)
       answer["course"] = CourseFields(*course);
@@ -119,18 +100,6 @@ ExitStatus ShowContent(CommandContext &context, const std::string &name) {
   else
     PrintFields(context.out, answer.front());
   return ReportAnswer(context);
-}
-
-Row *FindByKeyOrName(CommandContext &context, const ListView &list, const std::string &name, const std::string &what) {
-  const std::vector<Row *> rows = RowsNamed(list, name);
-  if (rows.size() == 1)
-    return rows.front();
-  std::string text = rows.empty() ? "No " + what + " has this key or name." : "Several have this name. Give the key.";
-  text += Newlines(2) + name;
-  for (const Row *row : rows)
-    text += Newlines(1) + row->Key();
-  ShowError(context.state, text);
-  return nullptr;
 }
 
 } // namespace turfdesk

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 Turf Desk contributors
 
+#include "cli/Arguments.h"
 #include "cli/Commands.h"
 
 #include "catalogue/CatalogueRows.h"
-#include "catalogue/LoadLists.h"
 #include "catalogue/Selection.h"
 #include "install/RunInstall.h"
 #include "packaging/RunCompress.h"
@@ -19,18 +19,6 @@
 namespace turfdesk {
 
 namespace {
-
-void ShowPathError(SharedState &state, const std::string &path, const std::string &words) {
-  ShowError(state, path + Newlines(2) + words);
-}
-
-/// The Windows form of a path, or "" after showing why there is none.
-std::string TakePath(SharedState &state, const std::string &given) {
-  std::string path = state.platform.ToWindowsPath(given);
-  if (path.empty())
-    ShowPathError(state, given, ErrorText(ErrorNumber::BadFileName));
-  return path;
-}
 
 /// What the install dialog could not have offered is refused before anything is installed.
 bool CanBeOffered(SharedState &state, const std::string &path) {
@@ -68,18 +56,6 @@ bool GroupByFolder(SharedState &state, const InstallOptions &options, const std:
   return true;
 }
 
-bool TakeDestination(SharedState &state, const std::string &given, std::string &destination) {
-  if (given.empty())
-    return true;
-  destination = TakePath(state, given);
-  if (destination.empty())
-    return false;
-  if (DirExists(state, destination))
-    return true;
-  ShowPathError(state, destination, ErrorText(ErrorNumber::PathNotFound));
-  return false;
-}
-
 bool LeaveOut(CommandContext &context, ListView &libraries, const std::vector<std::string> &names) {
   for (const std::string &name : names) {
     Row *row = FindByKeyOrName(context, libraries, name, "library of this course");
@@ -94,11 +70,10 @@ bool LeaveOut(CommandContext &context, ListView &libraries, const std::vector<st
 
 ExitStatus InstallFiles(CommandContext &context, const InstallOptions &options) {
   SharedState &state = context.state;
-  LoadCourses(state);
-  LoadLibraries(state);
+  LoadLists(state);
   std::string destination;
   std::vector<InstallRequest> requests;
-  if (!TakeDestination(state, options.destination, destination) ||
+  if ((!options.destination.empty() && (destination = TakeFolder(state, options.destination)).empty()) ||
       !GroupByFolder(state, options, destination, requests))
     return ReportOperation(context, false, "");
 
@@ -116,8 +91,7 @@ ExitStatus InstallFiles(CommandContext &context, const InstallOptions &options) 
 
 ExitStatus CompressCourse(CommandContext &context, const CompressOptions &options) {
   SharedState &state = context.state;
-  LoadCourses(state);
-  LoadLibraries(state);
+  LoadLists(state);
   bool result = false;
   Guarded(state, "frmTurfManager.btnCourseCompress_Click(): ", [&] {
     if (!ListHasItems(state, ActiveCourses))

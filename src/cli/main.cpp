@@ -47,6 +47,7 @@ public:
     answers->require_option(0, 1);
     AddListCommands();
     AddWorkCommands();
+    AddManageCommands();
     AddTreeCommands();
   }
 
@@ -79,6 +80,30 @@ private:
     compress->add_option("--without", mCompress.without, "Key or name of a library to leave out")
         ->allow_extra_args(false);
     Bind(compress, [this](CommandContext &context) { return CompressCourse(context, mCompress); });
+  }
+
+  void AddManageCommands() {
+    auto *uninstall = mApp.add_subcommand("uninstall", "Delete a course or library and its files");
+    AddRow(uninstall);
+    Bind(uninstall, [this](CommandContext &context) { return UninstallContent(context, mRow); });
+    auto *move = mApp.add_subcommand("move", "Move the files of a course or library to another folder");
+    AddRow(move);
+    move->add_option("--to", mDestination, "The folder")->required();
+    Bind(move, [this](CommandContext &context) { return MoveContent(context, mRow, mDestination); });
+    auto *setMedia = mApp.add_subcommand("set-media", "Point a course at other media; \"\" at none");
+    setMedia->add_option("course", mName, "Key or name")->required();
+    setMedia->add_option("--picture", mMedia[0], "Its picture");
+    setMedia->add_option("--music", mMedia[1], "Its music");
+    setMedia->add_option("--text", mMedia[2], "Its text");
+    Bind(setMedia, [this](CommandContext &context) { return SetMedia(context, mName, mMedia); });
+    auto *clear = mApp.add_subcommand("clear-statistics", "Delete the game's statistics of a course");
+    clear->add_option("course", mName, "Key or name")->required();
+    Bind(clear, [this](CommandContext &context) { return ClearStatistics(context, mName); });
+  }
+
+  void AddRow(CLI::App *app) {
+    app->add_option("name", mRow.name, "Key or name of a course or library")->required();
+    app->add_flag("--library", mRow.library, "A library, also where a course has the same key or name");
   }
 
   void AddTreeCommands() {
@@ -123,6 +148,9 @@ private:
   std::string mName;
   std::string mValue;
   std::string mKey;
+  std::string mDestination;
+  RowOptions mRow;
+  MediaOptions mMedia;
   InstallOptions mInstall;
   CompressOptions mCompress;
 };

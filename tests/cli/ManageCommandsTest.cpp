@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 Turf Desk contributors
+
+#include "cli/TurfctlTest.h"
+
+namespace turfdesk {
+
+namespace {
+
+/// turfctl on a home with "Old Elm" and its libraries "Grass" and "Trees" installed.
+class ManageCommandsTest : public TurfctlTest {
+protected:
+  ManageCommandsTest() {
+    samples::WriteFile(Host("Golf/Old Elm.hlc"), samples::CourseBytes(elm));
+    samples::WriteFile(Host("Golf/Grass.hlb"), samples::LibraryBytes(grass));
+    samples::WriteFile(Host("Golf/Trees.hlb"), samples::LibraryBytes(trees));
+    EXPECT_EQ(Run(R"(--yes install 'C:\Golf\Grass.hlb' 'C:\Golf\Trees.hlb' 'C:\Golf\Old Elm.hlc')").status, 0);
+    std::filesystem::create_directories(Host("New"));
+  }
+
+  bool Exists(const std::string &name) const { return std::filesystem::exists(Host(name)); }
+
+  static std::vector<std::string> Texts(const Json &answer) {
+    std::vector<std::string> texts;
+    for (const Json &message : answer["messages"])
+      texts.push_back(message["text"].get<std::string>() + "|" + message["answer"].get<std::string>());
+    return texts;
+  }
+};
+
+} // namespace
+
+TEST_F(ManageCommandsTest, UninstallAsksAsTheButtonDoes) {
+  const Json refused = Run("--json --no uninstall 'old elm'").Answer();
+  EXPECT_EQ(refused["result"], false);
+  EXPECT_TRUE(Exists("Golf/Old Elm.hlc"));
+
+  const Json answer = Run("--json --ask uninstall 'Old Elm'", "y\nn\ny\n").Answer();
+  const std::string orphan = "This course uses the following library which is not being used by any other course."
+                             "\r\n\r\n%\r\n\r\nDo you wish to delete it?|";
+  const auto about = [&orphan](const std::string &name) {
+    return std::string(orphan).replace(orphan.find('%'), 1, name);
+  };
+  EXPECT_EQ(
+      Texts(answer),
+      (std::vector<std::string>{
+          "Are you sure you want to delete the following course and it's associated files?\r\n\r\nOld Elm|yes",
+          about("Grass") + "no", about("Trees") + "yes", "Old Elm\r\n\r\nCourse was successfully uninstalled.|ok"}));
+  EXPECT_EQ(answer["result"], true);
+  EXPECT_FALSE(Exists("Golf/Old Elm.hlc"));
+  EXPECT_TRUE(Exists("Golf/Grass.hlb"));
+  EXPECT_FALSE(Exists("Golf/Trees.hlb"));
+}
+
+TEST_F(ManageCommandsTest, MoveTellsStepsAndVerdict) {
+  const Outcome moved = Run("--json --yes move 'Old Elm' --to '" + Host("New").string() + "'");
+  ASSERT_EQ(moved.status, 0) << moved.output;
+  const Json answer = moved.Answer();
+  EXPECT_EQ(answer["verdict"], "Successfully moved \"Old Elm\"");
+  ASSERT_EQ(answer["steps"].size(), 3U);
+  EXPECT_EQ(answer["steps"][0], (Json{{"file", "Old Elm.hlc"}, {"route", R"("C:\Golf" to "C:\New")"}}));
+  EXPECT_TRUE(Exists("New/Old Elm.hlc") && Exists("New/Grass.hlb") && Exists("New/Trees.hlb"));
+  EXPECT_EQ(Run("--json show grass").Answer()["library"]["filename"], R"(C:\New\Grass.hlb)");
+
+  const Outcome nowhere = Run(R"(move Grass --to 'C:\Nowhere')");
+  EXPECT_EQ(nowhere.status, 1);
+  EXPECT_EQ(nowhere.errors, "C:\\Nowhere\n\nPath not found\n");
+}
+
+TEST_F(ManageCommandsTest, TheLibraryOfACommonKeyIsChosenByAnOption) {
+  const std::string key = samples::KeyOf(grass);
+  ASSERT_EQ(Run(R"(tree set 'Software\KESTRAVON\Marrowfell 2002\Courses\)" + key + "' Name Twin").status, 0);
+  EXPECT_EQ(Run("--yes uninstall --library '" + key + "'").status, 0);
+  const Json lists = Run("--json list").Answer();
+  EXPECT_EQ(lists["courses"].size(), 2U);
+  EXPECT_EQ(lists["libraries"].size(), 1U);
+  EXPECT_EQ(Run("--yes uninstall '" + key + "'").status, 0) << "without the option the course comes first";
+  EXPECT_EQ(Run("--json list").Answer()["courses"].size(), 1U);
+}
+
+TEST_F(ManageCommandsTest, SetMediaWritesWhatIsGivenAndKeepsTheRest) {
+  ASSERT_EQ(Run(R"(set-media 'Old Elm' --picture 'C:\a b.bmp' --text 'C:\t.txt')").status, 0);
+  ASSERT_EQ(Run("set-media 'Old Elm' --text '' --music '" + Host("m.mp3").string() + "'").status, 0);
+  const Json course = Run("--json show 'Old Elm'").Answer()["course"];
+  EXPECT_EQ(course["picture"], R"(C:\a b.bmp)");
+  EXPECT_EQ(course["music"], R"(C:\m.mp3)");
+  EXPECT_EQ(course["text"], "");
+  const Outcome unknown = Run(R"(set-media Grass --text 'C:\t.txt')");
+  EXPECT_EQ(unknown.status, 1);
+  EXPECT_EQ(unknown.errors, "No course has this key or name.\n\nGrass\n");
+}
+
+TEST_F(ManageCommandsTest, ClearStatisticsDeletesTheGamesFile) {
+  ASSERT_EQ(Run(R"(settings set InstallDir 'C:\Game')").status, 0);
+  const std::string file = "Game/Courses/" + samples::KeyOf(elm) + ".sta";
+  samples::WriteFile(Host(file), samples::ToBytes("rounds"));
+  EXPECT_EQ(Run("--no clear-statistics 'Old Elm'").status, 1);
+  EXPECT_TRUE(Exists(file));
+  const Outcome cleared = Run("--yes clear-statistics 'Old Elm'");
+  EXPECT_EQ(cleared.status, 0);
+  EXPECT_NE(cleared.errors.find("Statistics have been cleared."), std::string::npos);
+  EXPECT_FALSE(Exists(file));
+}
+
+} // namespace turfdesk
