@@ -55,6 +55,7 @@ frmTurfManager::frmTurfManager(SharedState &state) : mState(state) {
 frmTurfManager::~frmTurfManager() = default;
 
 void frmTurfManager::Form_Load() {
+  mLoadingBackground = LoadBackground(devicePixelRatioF());
   MakeControls();
   LoadCourses(mState);
   LoadLibraries(mState);
@@ -139,7 +140,6 @@ void frmTurfManager::paintEvent(QPaintEvent *) {
   QPainter painter(this);
   if (mBackground.isNull() && !mLoadingBackground.valid()) {
     // The first time: nobody is made to wait for a decoration.
-    mLoadingBackground = LoadBackground(devicePixelRatioF());
     painter.fillRect(rect(), MeanOfBackground);
     return;
   }

@@ -2,16 +2,15 @@
 // SPDX-FileCopyrightText: 2026 Turf Desk contributors
 
 #include "shell/Main.h"
+#include "shell/ProgramIcon.h"
 #include "shell/frmTurfManager.h"
 #include "support/ErrorHandling.h"
 #include "support/Prompts.h"
 #include "support/SharedState.h"
-#include "support/basVorinString.h"
 #include "widgets/QtMessageBoxes.h"
 #include "widgets/QtScreen.h"
 
 #include <QApplication>
-#include <QIcon>
 
 #include <exception>
 #include <iostream>
@@ -48,14 +47,6 @@ std::string CommandTail(int argc, char **argv) {
   for (int i = 1; i < argc; ++i)
     tail += (i > 1 ? " " : "") + std::string(argv[i]);
   return tail;
-}
-
-/// In all sizes that window systems ask for.
-QIcon ProgramIcon() {
-  QIcon icon;
-  for (const int size : {16, 24, 32, 48, 64, 128, 256})
-    icon.addFile(QString(":/icons/turfdesk-%1.png").arg(size), QSize(size, size));
-  return icon;
 }
 
 /// What the program runs on, or why it cannot be had.
@@ -95,7 +86,7 @@ int RunOn(Platform &platform, StartBoxes &boxes, const std::string &commandTail)
 int Start(const Ground &ground, const std::string &commandTail) {
   StartBoxes boxes;
   if (!ground.fault.empty()) {
-    ShowPlainBox(boxes, "The folder for the program's own files cannot be used." + Newlines(2) + ground.fault);
+    ShowPlainBox(boxes, ground.fault);
     return NoServices;
   }
   return RunOn(*ground.platform, boxes, commandTail);

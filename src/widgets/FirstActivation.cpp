@@ -4,6 +4,7 @@
 #include "widgets/FirstActivation.h"
 
 #include <QEvent>
+#include <QGuiApplication>
 #include <QTimer>
 #include <QWidget>
 
@@ -21,6 +22,8 @@ public:
     mTimer.setSingleShot(true);
     connect(&mTimer, &QTimer::timeout, this, [this, &window, run] {
       window.removeEventFilter(this);
+      // What has been painted comes onto the screen before the work takes the processor.
+      QGuiApplication::sync();
       run();
     });
     window.installEventFilter(this);

@@ -13,16 +13,17 @@
 #include "platform/posix/PosixFileService.h"
 #include "platform/posix/PosixFolderReader.h"
 #include "platform/posix/PosixProcesses.h"
+#include "platform/posix/PosixRegistryBranches.h"
 #include "platform/posix/PosixRegistryFunctions.h"
 #include "platform/posix/PosixRegistryService.h"
 #include "platform/posix/PosixSettings.h"
 #include "platform/posix/PosixStagedFiles.h"
+#include "platform/posix/ProgramFile.h"
 #include "platform/posix/SettingsAccess.h"
-#include "platform/zip/LibzipLayer.h"
+#include "platform/posix/ZipModuleLoader.h"
 
 #include <csignal>
 #include <filesystem>
-#include <system_error>
 
 namespace turfdesk {
 
@@ -47,21 +48,22 @@ public:
     return std::make_unique<PosixFileService>(mPaths, mChildren);
   }
 
-  std::unique_ptr<ZipLayer> CreateZipLayer() override { return MakeLibzipLayer(mFiles, mStagedFiles); }
+  std::unique_ptr<ZipLayer> CreateZipLayer() override { return LoadZipLayer(mFiles, mStagedFiles); }
 
   RegistryFunctions &DirectRegistry() override { return mDirectRegistry; }
+  RegistryBranches &Branches() override { return mBranches; }
   FileCopier &Copier() override { return mCopier; }
   BinaryFiles &Files() override { return mFiles; }
+  StagedFiles &NewFiles() override { return mStagedFiles; }
   FolderReader &Folders() override { return mFolders; }
   Processes &Programs() override { return mProcesses; }
 
-  void RestoreServices(MessageBoxes &boxes) override { RestoreSettings(mHome, boxes); }
+  void RestoreServices(MessageBoxes &boxes) override { mSettings.Restore(boxes); }
   void NoteCleanStart() override { RefreshGoodCopy(mHome); }
 
   std::string ProgramFolder() override {
-    std::error_code error;
-    const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
-    return error ? "" : mPaths.ToWindows(program.parent_path().string());
+    const std::filesystem::path program = ProgramFile();
+    return program.empty() ? "" : mPaths.ToWindows(program.parent_path().string());
   }
 
   std::string ToWindowsPath(std::string_view path) override {
@@ -87,6 +89,7 @@ private:
   PosixProcesses mProcesses{mPaths, mChildren};
   SettingsAccess mSettings;
   PosixRegistryFunctions mDirectRegistry{mSettings};
+  PosixRegistryBranches mBranches{mSettings};
 };
 
 } // namespace
