@@ -9,8 +9,10 @@
 #include "platform/FolderReader.h"
 #include "platform/MessageBoxes.h"
 #include "platform/Processes.h"
+#include "platform/RegistryBranches.h"
 #include "platform/RegistryFunctions.h"
 #include "platform/RegistryService.h"
+#include "platform/StagedFile.h"
 #include "platform/ZipLayer.h"
 
 #include <memory>
@@ -37,8 +39,10 @@ public:
   virtual std::unique_ptr<ZipLayer> CreateZipLayer() = 0;
 
   virtual RegistryFunctions &DirectRegistry() = 0;
+  virtual RegistryBranches &Branches() = 0;
   virtual FileCopier &Copier() = 0;
   virtual BinaryFiles &Files() = 0;
+  virtual StagedFiles &NewFiles() = 0;
   virtual FolderReader &Folders() = 0;
   virtual Processes &Programs() = 0;
 
@@ -60,7 +64,8 @@ public:
 };
 
 /// Makes this system's platform. home, a host path in UTF-8, overrides where the program keeps its own files; empty
-/// takes the usual place. Throws RuntimeError when that place cannot be made.
+/// takes the usual place. Throws RuntimeError, whose words say which folder is the matter, when that place cannot be
+/// made.
 std::unique_ptr<Platform> MakePlatform(std::string_view home);
 
 } // namespace turfdesk

@@ -16,8 +16,8 @@ namespace turfdesk {
 /// The empty value name is the key's default value.
 ///
 /// A false result is an answer; a call that the tree itself cannot carry out (damaged, busy for too long, no key open)
-/// throws RuntimeError with words fit to show. The two exceptions are SetLongValue and SetStringValue, whose failure
-/// shows in LastError and LastErrorText.
+/// throws RuntimeError with words fit to show. The exceptions are the writes: SetLongValue and SetStringValue, whose
+/// failure shows in LastError and LastErrorText, and OpenKey that creates a key, which is false then.
 class RegistryService {
 public:
   RegistryService() = default;

@@ -8,4 +8,10 @@ namespace turfdesk {
 /// Is standard input a terminal, at which somebody can answer a question?
 bool InputIsTerminal();
 
+/// Is standard output a terminal, at which somebody reads?
+bool OutputIsTerminal();
+
+/// From here on standard output takes bytes as they are, also where the system would change line breaks in them.
+void MakeOutputBinary();
+
 } // namespace turfdesk

@@ -77,8 +77,11 @@ void MakeHome(const std::string &home) {
   struct stat status;
   if (error == 0 && stat(drives.c_str(), &status) != 0)
     error = errno == ENOENT ? MakeDrives(home, drives) : errno;
-  if (error != 0)
-    ThrowSystemError(error);
+  if (error == 0)
+    return;
+  const ErrorNumber number = NumberOfFolderError(error);
+  throw RuntimeError(number, "The folder for the program's own files cannot be used.\r\n\r\n" + home + "\r\n\r\n" +
+                                 ErrorText(number));
 }
 
 } // namespace turfdesk

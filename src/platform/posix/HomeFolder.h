@@ -13,7 +13,7 @@ namespace turfdesk {
 std::string HomeFolder(std::string_view chosen);
 
 /// Makes the home folder where it is missing, parents included, and in it the folder of the drives with the links that
-/// it starts with. For this user alone. Throws RuntimeError when that does not work.
+/// it starts with. For this user alone. Throws RuntimeError, with words fit to show, when that does not work.
 void MakeHome(const std::string &home);
 
 } // namespace turfdesk

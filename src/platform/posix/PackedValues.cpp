@@ -22,10 +22,16 @@ std::optional<SettingsValue> PackedValues::Find(std::string_view foldedName) con
 }
 
 void PackedValues::Set(std::string_view foldedName, const SettingsValue &value) {
-  const std::size_t offset = OffsetOf(foldedName);
-  if (offset != mBytes.size())
-    mBytes.erase(offset, HeadAt(offset).Size());
+  Erase(foldedName);
   Append(foldedName, value);
+}
+
+bool PackedValues::Erase(std::string_view foldedName) {
+  const std::size_t offset = OffsetOf(foldedName);
+  if (offset == mBytes.size())
+    return false;
+  mBytes.erase(offset, HeadAt(offset).Size());
+  return true;
 }
 
 void PackedValues::Append(std::string_view foldedName, const SettingsValue &value) {

@@ -31,6 +31,8 @@ public:
   std::optional<SettingsValue> Find(std::string_view foldedName) const;
   /// Sets a value, adding it when absent.
   void Set(std::string_view foldedName, const SettingsValue &value);
+  /// Removes a value. False when it is absent.
+  bool Erase(std::string_view foldedName);
   /// Adds a value that is known to be absent.
   void Append(std::string_view foldedName, const SettingsValue &value);
 

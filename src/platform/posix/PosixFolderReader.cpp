@@ -80,24 +80,25 @@ std::vector<std::string> PosixFolderReader::Files(std::string_view folder, std::
 }
 
 std::string PosixFolderReader::StartFolder() {
-  if (std::string current = mPaths.ToWindows("."); !current.empty())
-    return current;
-  std::string root = "C:\\";
-  for (const std::string &drive : Drives())
-    if (mPaths.Canonical(drive, root) == 0)
-      break;
-  return root;
+  std::vector<std::string> folders = Drives();
+  folders.insert(folders.begin(), mPaths.ToWindows("."));
+  for (const std::string &folder : folders)
+    if (std::string canonical; FindFolder(folder, canonical) == 0)
+      return canonical;
+  return "C:\\";
 }
 
 std::string PosixFolderReader::CanonicalFolder(std::string_view folder) {
   std::string canonical;
-  if (const int error = mPaths.Canonical(folder, canonical); error != 0)
-    ThrowListError(error);
-  const int error =
-      mPaths.Reach(canonical, [](const char *hostPath) { return OpenFolder(opendir(hostPath)) ? 0 : errno; });
-  if (error != 0)
+  if (const int error = FindFolder(folder, canonical); error != 0)
     ThrowListError(error);
   return canonical;
+}
+
+int PosixFolderReader::FindFolder(std::string_view folder, std::string &canonical) const {
+  if (const int error = mPaths.Canonical(folder, canonical); error != 0)
+    return error;
+  return mPaths.Reach(canonical, [](const char *hostPath) { return OpenFolder(opendir(hostPath)) ? 0 : errno; });
 }
 
 } // namespace turfdesk

@@ -16,6 +16,19 @@ namespace {
 
 constexpr std::chrono::milliseconds RepaintInterval{50};
 
+/// The host path of a program's file. Throws RuntimeError when there is none.
+std::string ProgramFile(const PathMap &paths, std::string_view program) {
+  std::string hostPath;
+  if (const int error = paths.HostForm(program, hostPath); error != 0)
+    ThrowSystemError(error);
+  struct stat status;
+  if (stat(hostPath.c_str(), &status) != 0)
+    ThrowSystemError(errno);
+  if (!S_ISREG(status.st_mode))
+    ThrowSystemError(EACCES);
+  return hostPath;
+}
+
 /// By its first bytes: a program of the host may bear any name.
 bool IsWindowsProgram(const std::string &hostPath) {
   const Descriptor file(open(hostPath.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
@@ -33,29 +46,25 @@ std::string ArgumentForWine(std::string argument) {
 
 } // namespace
 
+int PosixProcesses::StartWindowsProgram(const std::vector<std::string> &commandLine, pid_t &process) {
+  std::vector<std::string> throughWine = {"wine", commandLine[0]};
+  std::transform(commandLine.begin() + 1, commandLine.end(), std::back_inserter(throughWine), ArgumentForWine);
+  if (const int error = mChildren.Start(throughWine, process); error != ENOENT)
+    return error;
+  // Without Wine the system may still know what to do with such a program.
+  if (mChildren.Start(commandLine, process) == 0)
+    return 0;
+  throw RuntimeError(ErrorNumber::PathFileAccess,
+                     "This is a program for Windows. It needs Wine, which is not installed.");
+}
+
 std::uint32_t PosixProcesses::Shell(std::string_view program, const std::vector<std::string> &arguments,
                                     WindowStyle /*style*/) {
-  std::vector<std::string> commandLine(1);
-  if (const int error = mPaths.HostForm(program, commandLine[0]); error != 0)
-    ThrowSystemError(error);
-  struct stat status;
-  if (stat(commandLine[0].c_str(), &status) != 0)
-    ThrowSystemError(errno);
-  if (!S_ISREG(status.st_mode))
-    ThrowSystemError(EACCES);
-
+  std::vector<std::string> commandLine = {ProgramFile(mPaths, program)};
+  commandLine.insert(commandLine.end(), arguments.begin(), arguments.end());
   pid_t process = 0;
-  int error = ENOENT;
-  if (IsWindowsProgram(commandLine[0])) {
-    std::vector<std::string> throughWine = {"wine", commandLine[0]};
-    std::transform(arguments.begin(), arguments.end(), std::back_inserter(throughWine), ArgumentForWine);
-    error = mChildren.Start(throughWine, process);
-  }
-  // Without Wine the system may still know what to do with such a program.
-  if (error == ENOENT) {
-    commandLine.insert(commandLine.end(), arguments.begin(), arguments.end());
-    error = mChildren.Start(commandLine, process);
-  }
+  const int error = IsWindowsProgram(commandLine[0]) ? StartWindowsProgram(commandLine, process)
+                                                     : mChildren.Start(commandLine, process);
   if (error != 0)
     ThrowSystemError(error);
   return static_cast<std::uint32_t>(process);

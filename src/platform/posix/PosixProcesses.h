@@ -23,6 +23,9 @@ public:
   std::string GetShortPathName(std::string_view path) override;
 
 private:
+  /// Gives 0 or the system's number of the failure. Throws RuntimeError 75 where nothing here runs such programs.
+  int StartWindowsProgram(const std::vector<std::string> &commandLine, pid_t &process);
+
   const PathMap &mPaths;
   ChildProcesses &mChildren;
   std::map<ProcessHandle, Descriptor> mHandles;

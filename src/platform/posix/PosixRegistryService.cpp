@@ -21,10 +21,10 @@ std::optional<RegistryRoot> RootNamed(std::string_view name) {
   return std::nullopt;
 }
 
-/// Is it the store's refusal of this one request, as opposed to a store that cannot be used?
+/// Did this one request fail, as opposed to a store that cannot be used at all?
 bool IsRefusal(const RuntimeError &error) {
   return error.Number() == ErrorNumber::PathFileAccess || error.Number() == ErrorNumber::BadFileName ||
-         error.Number() == ErrorNumber::DiskFull;
+         error.Number() == ErrorNumber::DiskFull || error.Number() == ErrorNumber::DeviceIo;
 }
 
 } // namespace
@@ -45,12 +45,11 @@ bool PosixRegistryService::KeyExists(std::string_view keyPath) {
   return mRoot && mStore->Find(*mRoot, keyPath);
 }
 
-template <typename Request> bool PosixRegistryService::Attempt(const Request &request) {
+template <typename Request> bool PosixRegistryService::Write(const Request &request) {
   try {
-    return request();
+    request();
+    return true;
   } catch (const RuntimeError &error) {
-    if (!IsRefusal(error))
-      throw;
     return Fail(error.Number(), error.Description());
   }
 }
@@ -63,7 +62,7 @@ bool PosixRegistryService::OpenKey(std::string_view keyPath, bool create) {
   if (!mStore->Find(*mRoot, keyPath)) {
     if (!create)
       return Fail(ErrorNumber::PathNotFound, noKey);
-    if (!Attempt([&] { return mStore->CreateKey(*mRoot, keyPath), true; }))
+    if (!Write([&] { mStore->CreateKey(*mRoot, keyPath); }))
       return false;
   }
   mOpenRoot = *mRoot;
@@ -84,14 +83,19 @@ template <typename Deletion> bool PosixRegistryService::Delete(const Deletion &d
   mLastError = 0;
   if (!mRoot)
     return Fail(ErrorNumber::PathNotFound, noTree);
-  return Attempt([&] {
+  try {
     const SettingsStore::Deletion result = deletion();
     if (result == SettingsStore::Deletion::NoSuchKey)
       return Fail(ErrorNumber::PathNotFound, noKey);
     if (result == SettingsStore::Deletion::HasSubkeys)
       return Fail(ErrorNumber::PathFileAccess, "A settings key that has subkeys is not deleted");
     return true;
-  });
+  } catch (const RuntimeError &error) {
+    // A busy store has been waited for long enough: no answer, lest a caller try again and again.
+    if (!IsRefusal(error))
+      throw;
+    return Fail(error.Number(), error.Description());
+  }
 }
 
 std::int32_t PosixRegistryService::SubkeyCount() {
@@ -141,12 +145,10 @@ void PosixRegistryService::SetValue(std::string_view valueName, const SettingsVa
     Fail(ErrorNumber::ObjectNotSet, ErrorText(ErrorNumber::ObjectNotSet));
     return;
   }
-  try {
+  Write([&] {
     if (!mStore->SetValue(mOpenRoot, mOpenPath, valueName, value))
       Fail(ErrorNumber::PathNotFound, "The settings key has been deleted meanwhile");
-  } catch (const RuntimeError &error) {
-    Fail(error.Number(), error.Description());
-  }
+  });
 }
 
 const SettingsKey *PosixRegistryService::OpenedKey() {

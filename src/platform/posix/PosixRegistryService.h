@@ -51,7 +51,8 @@ private:
   std::optional<SettingsValue> OpenedValue(std::string_view valueName);
   void SetValue(std::string_view valueName, const SettingsValue &value);
   /// Makes a refusal of the store a false result.
-  template <typename Request> bool Attempt(const Request &request);
+  /// A write that fails is an answer, with its words.
+  template <typename Request> bool Write(const Request &request);
   template <typename Deletion> bool Delete(const Deletion &deletion);
   bool Fail(ErrorNumber number, std::string_view words);
 

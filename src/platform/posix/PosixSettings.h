@@ -21,6 +21,10 @@ std::unique_ptr<RegistryService> OpenRegistryService(const std::string &home);
 /// in one plain box; nothing is shown when the file is sound. Never throws.
 void RestoreSettings(const std::string &home, MessageBoxes &boxes);
 
+/// What is told instead when the settings were merely in use by another program: that nothing was changed. Never
+/// throws.
+void TellBusySettings(const std::string &home, MessageBoxes &boxes);
+
 /// Makes the present state of the tree the good copy that RestoreSettings brings back. Cheap when nothing has changed
 /// since the last one. Never throws; a failure costs only the refresh.
 void RefreshGoodCopy(const std::string &home);

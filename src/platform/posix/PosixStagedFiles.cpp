@@ -3,6 +3,7 @@
 
 #include "platform/posix/PosixStagedFiles.h"
 
+#include "platform/posix/Abandoned.h"
 #include "platform/posix/HostPaths.h"
 #include "platform/posix/SystemError.h"
 
@@ -20,6 +21,8 @@ namespace {
 constexpr mode_t ReadWriteForAll = 0666;
 constexpr mode_t AllForAll = 0777;
 
+constexpr TemporaryNames Names{".turfdesk-", ".tmp"};
+
 void Check(int result) {
   if (result != 0)
     ThrowSystemError(errno);
@@ -33,12 +36,12 @@ void CheckWhereSupported(int result) {
 
 std::string RandomTemporaryName() {
   constexpr std::string_view letters = "abcdefghijklmnopqrstuvwxyz234567";
-  unsigned char bytes[6];
+  unsigned char bytes[TemporaryNames::RandomLength];
   Check(getrandom(bytes, sizeof(bytes), 0) == sizeof(bytes) ? 0 : -1);
-  std::string name = ".turfdesk-";
+  std::string name(Names.beginning);
   for (const unsigned char byte : bytes)
     name += letters[byte % letters.size()];
-  return name + ".tmp";
+  return name.append(Names.end);
 }
 
 /// Calls a routine (name -> is it done?) with names that no user's file has, until one is free.
@@ -87,13 +90,18 @@ void NewFolders::Make(const std::string &folder) {
 
 PosixStagedFile::PosixStagedFile(Destination destination, bool makeFolders, mode_t mode)
     : mDestination(std::move(destination)) {
+  // Sooner or later such a file would be taken for one that was left behind.
+  if (Names.Include(mDestination.name))
+    ThrowSystemError(EILSEQ);
   if (makeFolders)
     mNewFolders.Make(mDestination.folder);
   mFolder = Descriptor(open(mDestination.folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   if (!mFolder.IsOpen())
     ThrowFolderError(errno);
   CheckReplaceable();
+  RemoveAbandoned(mDestination.folder, Names, S_IFREG);
   OpenTemporary(mode);
+  LockAgainstRemoval(mFile);
 }
 
 PosixStagedFile::~PosixStagedFile() {
@@ -160,13 +168,24 @@ void PosixStagedFile::Commit(bool flush) {
   CheckReplaceable();
   if (mTemporaryName.empty())
     GiveTemporaryName();
-  // A disk in the network may tell only now that it is full.
-  Check(close(mFile.Release()));
+  // A disk in the network may tell only at a close that it is full. The file itself stays open, since its lock goes
+  // with it.
+  Check(close(dup(mFile.Number())));
   Check(renameat(mFolder.Number(), mTemporaryName.c_str(), mFolder.Number(), mDestination.name.c_str()));
   mTemporaryName.clear();
+  if (flush)
+    FlushFolder();
+}
+
+void PosixStagedFile::FlushFolder() const {
   // What cannot flush a folder has nothing in it to flush.
-  if (flush && fsync(mFolder.Number()) != 0 && errno != EINVAL)
-    ThrowSystemError(errno);
+  if (fsync(mFolder.Number()) == 0 || errno == EINVAL)
+    return;
+  const int error = errno;
+  // Whoever is told of a failure expects nothing there.
+  if (!mDestination.existing)
+    unlinkat(mFolder.Number(), mDestination.name.c_str(), 0);
+  ThrowSystemError(error);
 }
 
 std::unique_ptr<StagedFile> PosixStagedFiles::Create(std::string_view destination, bool makeFolders) {

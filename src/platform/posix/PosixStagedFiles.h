@@ -41,7 +41,8 @@ private:
 };
 
 /// Until Commit the file bears no name at all where the disk can do that, so that nothing of it is left behind even
-/// when the program is killed. Elsewhere its name is ".turfdesk-XXXXXX.tmp".
+/// when the program is killed. Elsewhere, and for a moment within Commit, its name is ".turfdesk-XXXXXX.tmp". What a
+/// killed program has left under such a name is removed by the next that writes in the folder.
 class PosixStagedFile final : public StagedFile {
 public:
   /// mode: the permission bits of a new file, less those of the user's mask; an existing file's are kept.
@@ -64,6 +65,7 @@ private:
   void SetAttributes() const;
   void GiveTemporaryName();
   void CheckReplaceable() const;
+  void FlushFolder() const;
 
   Destination mDestination;
   NewFolders mNewFolders;

@@ -3,6 +3,8 @@
 
 #include "platform/posix/SettingsAccess.h"
 
+#include "platform/posix/PosixSettings.h"
+
 namespace turfdesk {
 
 void SettingsAccess::Prepare() {
@@ -12,10 +14,26 @@ void SettingsAccess::Prepare() {
 std::shared_ptr<SettingsStore> SettingsAccess::Open() {
   if (std::shared_ptr<SettingsStore> shared = mStore.lock())
     return shared;
-  std::shared_ptr<SettingsStore> opened =
-      mPrepared.valid() ? mPrepared.get() : std::make_shared<SettingsStore>(mHome, mPatience);
-  mStore = opened;
-  return opened;
+  mWasBusy = false;
+  try {
+    std::shared_ptr<SettingsStore> opened = OpenAnew();
+    mStore = opened;
+    return opened;
+  } catch (const RuntimeError &error) {
+    mWasBusy = error.Number() == ErrorNumber::PermissionDenied;
+    throw;
+  }
+}
+
+void SettingsAccess::Restore(MessageBoxes &boxes) const {
+  if (mWasBusy)
+    TellBusySettings(mHome, boxes);
+  else
+    RestoreSettings(mHome, boxes);
+}
+
+std::shared_ptr<SettingsStore> SettingsAccess::OpenAnew() {
+  return mPrepared.valid() ? mPrepared.get() : std::make_shared<SettingsStore>(mHome, mPatience);
 }
 
 } // namespace turfdesk

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "platform/MessageBoxes.h"
 #include "platform/posix/SettingsStore.h"
 
 #include <chrono>
@@ -24,12 +25,19 @@ public:
   void Prepare();
   /// The store that somebody has, else a new one. Throws what the opening of a SettingsStore throws.
   std::shared_ptr<SettingsStore> Open();
+  /// What can be done after a failed Open: RestoreSettings, or, when the store was only busy, one plain box that says
+  /// so. Such a store has been waited for already; a repair would wait anew, for nothing. Never throws.
+  void Restore(MessageBoxes &boxes) const;
 
 private:
+  std::shared_ptr<SettingsStore> OpenAnew();
+
   std::string mHome;
   std::chrono::milliseconds mPatience;
   std::future<std::shared_ptr<SettingsStore>> mPrepared;
   std::weak_ptr<SettingsStore> mStore;
+  /// Was the store in use by another program for too long when it was to be opened last?
+  bool mWasBusy = false;
 };
 
 } // namespace turfdesk

@@ -76,6 +76,14 @@ std::string ReplaceStore(const SettingsPaths &paths, bool hasPreparedCopy) {
          "The settings start empty.";
 }
 
+void Tell(MessageBoxes &boxes, const std::string &words) {
+  try {
+    boxes.Show({words, "TurfDesk", BoxButtons::Ok, BoxIcon::None});
+  } catch (const std::exception &) {
+    // The caller has told of the failure that led here.
+  }
+}
+
 } // namespace
 
 std::string RepairSettings(const SettingsPaths &paths, std::chrono::milliseconds patience) {
@@ -113,18 +121,19 @@ void CopyGoodSettings(const SettingsPaths &paths) {
 }
 
 void RestoreSettings(const std::string &home, MessageBoxes &boxes) {
+  std::string words;
   try {
-    std::string words;
-    try {
-      words = RepairSettings(SettingsPaths(home), SettingsStore::DefaultPatience);
-    } catch (const std::exception &error) {
-      words = error.what();
-    }
-    if (!words.empty())
-      boxes.Show({words, "TurfDesk", BoxButtons::Ok, BoxIcon::None});
-  } catch (const std::exception &) {
-    // Neither the repair nor the box was possible; the caller has told of the failure that led here.
+    words = RepairSettings(SettingsPaths(home), SettingsStore::DefaultPatience);
+  } catch (const std::exception &error) {
+    words = error.what();
   }
+  if (!words.empty())
+    Tell(boxes, words);
+}
+
+void TellBusySettings(const std::string &home, MessageBoxes &boxes) {
+  Tell(boxes,
+       "The settings were in use by another program. Nothing was changed:" + (emptyLine + SettingsPaths(home).store));
 }
 
 void RefreshGoodCopy(const std::string &home) {

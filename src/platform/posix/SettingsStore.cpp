@@ -33,6 +33,12 @@ bool CanNameKey(std::string_view keyPath) {
          std::count(keyPath.begin(), keyPath.end(), '\\') < greatestDepth;
 }
 
+SettingsValue ValueOf(const RegistryData &data) {
+  if (data.type == RegDword)
+    return {SettingsType::Number, data.number, {}};
+  return {SettingsType::Text, 0, data.text};
+}
+
 } // namespace
 
 SettingsStore::Session::Session(const std::string &storePath, std::chrono::milliseconds patience)
@@ -42,7 +48,10 @@ SettingsStore::Session::Session(const std::string &storePath, std::chrono::milli
       deleteKey(connection, "DELETE FROM keys WHERE parent = ? AND folded = ?"),
       // A value keeps the case of its first name.
       writeValue(connection, "INSERT INTO entries (key, folded, name, type, data) VALUES (?, ?, ?, ?, ?) "
-                             "ON CONFLICT (key, folded) DO UPDATE SET type = excluded.type, data = excluded.data") {}
+                             "ON CONFLICT (key, folded) DO UPDATE SET type = excluded.type, data = excluded.data"),
+      deleteValue(connection, "DELETE FROM entries WHERE key = ? AND folded = ?"),
+      // The tree in memory has no need of the names' case.
+      readValues(connection, "SELECT name, type, data FROM entries WHERE key = ? ORDER BY folded") {}
 
 SettingsStore::SettingsStore(const std::string &home, std::chrono::milliseconds patience)
     : mPaths(home), mPatience(patience) {
@@ -119,6 +128,7 @@ void SettingsStore::CreateKey(RegistryRoot root, std::string_view keyPath) {
 
 SettingsStore::Deletion SettingsStore::DeleteKey(RegistryRoot root, std::string_view keyPath) {
   Deletion result = Deletion::Done;
+  bool deleted = false;
   Transact([&] {
     SettingsKey *key = FindDeletable(root, keyPath, result);
     if (!key)
@@ -126,8 +136,10 @@ SettingsStore::Deletion SettingsStore::DeleteKey(RegistryRoot root, std::string_
     DeleteRows(*key);
     mLastKey = nullptr;
     mTree.Erase(*key);
+    deleted = true;
   });
-  return result;
+  // When it was run twice, the first run may have done it.
+  return deleted && result == Deletion::NoSuchKey ? Deletion::Done : result;
 }
 
 SettingsStore::Deletion SettingsStore::TryDeleteKey(RegistryRoot root, std::string_view keyPath) {
@@ -165,11 +177,73 @@ bool SettingsStore::SetValue(RegistryRoot root, std::string_view keyPath, std::s
   return keyExists;
 }
 
-void SettingsStore::WriteAll(std::span<const SettingsWrite> writes) {
+void SettingsStore::ApplyAll(std::span<const RegistryChange> changes) {
   Transact([&] {
-    for (const SettingsWrite &write : writes)
-      StoreValue(MakeKey(write.root, write.keyPath), write.valueName, {write.type, write.number, write.text});
+    for (const RegistryChange &change : changes)
+      Apply(change);
   });
+}
+
+void SettingsStore::Apply(const RegistryChange &change) {
+  switch (change.kind) {
+  case RegistryChange::Kind::CreateKey:
+    MakeKey(change.root, change.keyPath);
+    break;
+  case RegistryChange::Kind::SetValue:
+    StoreValue(MakeKey(change.root, change.keyPath), change.valueName, ValueOf(change.data));
+    break;
+  case RegistryChange::Kind::DeleteValue:
+    if (SettingsKey *key = Walk(change.root, WithoutTrailingBackslash(change.keyPath)))
+      EraseValue(*key, change.valueName);
+    break;
+  case RegistryChange::Kind::DeleteKey:
+    if (SettingsKey *key = Walk(change.root, WithoutTrailingBackslash(change.keyPath)))
+      EraseBranch(*key);
+    break;
+  }
+}
+
+std::vector<RegistryKeyContent> SettingsStore::ReadBranches(std::span<const RegistryBranch> branches) {
+  const SettingsLock lock(mPaths, SettingsLock::Mode::Shared, mPatience);
+  if (mSession->connection.HasMoved())
+    Open();
+  SqliteTransaction transaction(mSession->connection, "BEGIN");
+  ReadTree(*mSession);
+  std::vector<RegistryKeyContent> contents;
+  for (const RegistryBranch &branch : branches)
+    ReadBranch(branch, contents);
+  transaction.Commit();
+  return contents;
+}
+
+void SettingsStore::ReadBranch(const RegistryBranch &branch, std::vector<RegistryKeyContent> &contents) {
+  const std::string topPath(WithoutTrailingBackslash(branch.keyPath));
+  std::vector<std::pair<const SettingsKey *, std::string>> pending;
+  if (const SettingsKey *top = Walk(branch.root, topPath))
+    pending.emplace_back(top, topPath);
+  while (!pending.empty()) {
+    const auto [key, path] = std::move(pending.back());
+    pending.pop_back();
+    contents.push_back({branch.root, path, ReadValues(*key)});
+    std::for_each(key->subkeys.rbegin(), key->subkeys.rend(), [&pending, &path = path](const SettingsKey *subkey) {
+      pending.emplace_back(subkey, path.empty() ? subkey->name : path + '\\' + subkey->name);
+    });
+  }
+}
+
+std::vector<RegistryValue> SettingsStore::ReadValues(const SettingsKey &key) {
+  std::vector<RegistryValue> values;
+  SqliteStatement &row = mSession->readValues.Bind(1, key.id);
+  while (row.Step()) {
+    RegistryValue &value = values.emplace_back();
+    value.name = row.Text(0);
+    value.data.type = static_cast<std::uint32_t>(row.Integer(1));
+    if (value.data.type == RegDword)
+      value.data.number = static_cast<std::int32_t>(row.Integer(2));
+    else
+      value.data.text = row.Text(2);
+  }
+  return values;
 }
 
 SettingsKey &SettingsStore::MakeKey(RegistryRoot root, std::string_view keyPath) {
@@ -210,11 +284,38 @@ void SettingsStore::StoreValue(SettingsKey &key, std::string_view valueName, con
   key.values.Set(folded.View(), value);
 }
 
+void SettingsStore::EraseValue(SettingsKey &key, std::string_view valueName) {
+  const FoldedText folded(valueName);
+  if (key.values.Erase(folded.View()))
+    mSession->deleteValue.Bind(1, key.id).Bind(2, folded.View()).Run();
+}
+
+void SettingsStore::EraseBranch(SettingsKey &top) {
+  if (!top.parent)
+    throw RuntimeError(ErrorNumber::PathFileAccess, "A root of the settings is not deleted");
+  // Each key stands ahead of its subkeys, and these in their order, so going backwards only last ones are erased.
+  std::vector<SettingsKey *> keys{&top};
+  for (std::size_t i = 0; i < keys.size(); ++i)
+    keys.insert(keys.end(), keys[i]->subkeys.begin(), keys[i]->subkeys.end());
+  mLastKey = nullptr;
+  for (; !keys.empty(); keys.pop_back()) {
+    DeleteRows(*keys.back());
+    mTree.Erase(*keys.back());
+  }
+}
+
 void SettingsStore::Transact(const std::function<void()> &work, Outcome outcome) {
   CheckWritable(mPaths);
   const SettingsLock lock(mPaths, SettingsLock::Mode::Shared, mPatience);
   if (mSession->connection.HasMoved())
     Open();
+  // A commit whose last step fails, the flush of the journal that it has cut off, has taken effect all the same. The
+  // second run finds out: either nothing is left to do, or it tries once more.
+  if (!TryTransact(work, outcome, OnFailedCommit::Return))
+    TryTransact(work, outcome, OnFailedCommit::Throw);
+}
+
+bool SettingsStore::TryTransact(const std::function<void()> &work, Outcome outcome, OnFailedCommit onFailedCommit) {
   SqliteConnection &connection = mSession->connection;
   SqliteTransaction transaction(connection, "BEGIN IMMEDIATE");
   if (mSession->header.ChangeCounter() != mChangeCounter)
@@ -225,12 +326,20 @@ void SettingsStore::Transact(const std::function<void()> &work, Outcome outcome)
   work();
   if (outcome == Outcome::Undo) {
     mChangeCounter = counter;
-    return;
+    return true;
   }
-  transaction.Commit();
+  try {
+    transaction.Commit();
+  } catch (const RuntimeError &error) {
+    const bool isBusy = error.Number() == ErrorNumber::PermissionDenied;
+    if (isBusy || onFailedCommit == OnFailedCommit::Throw)
+      throw;
+    return false;
+  }
   const std::uint32_t ownCounter = connection.TotalChanges() == changesBefore ? counter : counter + 1;
   if (mSession->header.ChangeCounter() == ownCounter)
     mChangeCounter = ownCounter;
+  return true;
 }
 
 } // namespace turfdesk

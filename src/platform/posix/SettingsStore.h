@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "platform/RegistryBranches.h"
 #include "platform/posix/SettingsHome.h"
 #include "platform/posix/SettingsTree.h"
 #include "platform/posix/SqliteConnection.h"
@@ -14,18 +15,9 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace turfdesk {
-
-/// A value to be written. Its key is made, parents included, when it is absent.
-struct SettingsWrite {
-  RegistryRoot root = RegistryRoot::LocalMachine;
-  std::string keyPath;
-  std::string valueName;
-  SettingsType type = SettingsType::Text;
-  std::int32_t number = 0;
-  std::string text;
-};
 
 /// The settings tree in its file, shared with other programs that use the same home folder.
 ///
@@ -63,8 +55,10 @@ public:
   Deletion TryDeleteKey(RegistryRoot root, std::string_view keyPath);
   /// False when the key does not exist; it is not created then.
   bool SetValue(RegistryRoot root, std::string_view keyPath, std::string_view valueName, const SettingsValue &value);
-  /// All of them or, when it throws, none.
-  void WriteAll(std::span<const SettingsWrite> writes);
+  /// All of them or, when it throws, none. What each does is told with RegistryChange.
+  void ApplyAll(std::span<const RegistryChange> changes);
+  /// As RegistryBranches::Read tells it, from the file as it is at one moment.
+  std::vector<RegistryKeyContent> ReadBranches(std::span<const RegistryBranch> branches);
 
 private:
   /// All that belongs to one opening of the file.
@@ -78,6 +72,8 @@ private:
     SqliteStatement deleteValues;
     SqliteStatement deleteKey;
     SqliteStatement writeValue;
+    SqliteStatement deleteValue;
+    SqliteStatement readValues;
   };
 
   void Open();
@@ -91,10 +87,18 @@ private:
   SettingsKey *FindDeletable(RegistryRoot root, std::string_view keyPath, Deletion &result);
   void DeleteRows(const SettingsKey &key);
   void StoreValue(SettingsKey &key, std::string_view valueName, const SettingsValue &value);
+  void Apply(const RegistryChange &change);
+  void EraseValue(SettingsKey &key, std::string_view valueName);
+  void EraseBranch(SettingsKey &top);
+  void ReadBranch(const RegistryBranch &branch, std::vector<RegistryKeyContent> &contents);
+  std::vector<RegistryValue> ReadValues(const SettingsKey &key);
   enum class Outcome { Commit, Undo };
   /// Runs work with the tree current and nobody else writing, and commits what it has changed or, with Undo, drops it;
-  /// such work leaves the tree in memory alone.
+  /// such work leaves the tree in memory alone. After a commit that fails work is run a second time.
   void Transact(const std::function<void()> &work, Outcome outcome = Outcome::Commit);
+  enum class OnFailedCommit { Return, Throw };
+  /// False when the commit has failed.
+  bool TryTransact(const std::function<void()> &work, Outcome outcome, OnFailedCommit onFailedCommit);
 
   SettingsPaths mPaths;
   std::chrono::milliseconds mPatience;

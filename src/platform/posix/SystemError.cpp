@@ -50,8 +50,10 @@ ErrorNumber NumberOfSystemError(int error) {
   return found == std::end(Meanings) ? ErrorNumber::DeviceIo : found->number;
 }
 
+ErrorNumber NumberOfFolderError(int error) { return NumberOfSystemError(error == ENOENT ? ENOTDIR : error); }
+
 void ThrowSystemError(int error) { throw RuntimeError(NumberOfSystemError(error)); }
 
-void ThrowFolderError(int error) { ThrowSystemError(error == ENOENT ? ENOTDIR : error); }
+void ThrowFolderError(int error) { throw RuntimeError(NumberOfFolderError(error)); }
 
 } // namespace turfdesk

@@ -15,9 +15,10 @@ namespace turfdesk {
 /// The number that the program knows a failure of the system by.
 ErrorNumber NumberOfSystemError(int error);
 
-[[noreturn]] void ThrowSystemError(int error);
-
 /// The same where the path stands for a folder: what is missing then is no file but a path.
+ErrorNumber NumberOfFolderError(int error);
+
+[[noreturn]] void ThrowSystemError(int error);
 [[noreturn]] void ThrowFolderError(int error);
 
 } // namespace turfdesk

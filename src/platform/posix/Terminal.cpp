@@ -9,4 +9,10 @@ namespace turfdesk {
 
 bool InputIsTerminal() { return isatty(STDIN_FILENO) != 0; }
 
+bool OutputIsTerminal() { return isatty(STDOUT_FILENO) != 0; }
+
+void MakeOutputBinary() {
+  // Here it never is anything else.
+}
+
 } // namespace turfdesk

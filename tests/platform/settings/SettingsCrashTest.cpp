@@ -45,10 +45,9 @@ void WriteWithoutEnd(const std::string &home, std::atomic<int> &written) {
   SettingsStore store(home);
   for (int number = written + 1;; ++number) {
     const std::string text(static_cast<std::size_t>(number % 7) * 3000, 'x');
-    const SettingsWrite first{machine, "First", "Number", SettingsType::Number, number, ""};
-    const SettingsWrite filler{machine, "Filler\\" + std::to_string(number % 5), "Text", SettingsType::Text, 0, text};
-    const SettingsWrite last{machine, "Last", "Number", SettingsType::Number, number, ""};
-    store.WriteAll(std::array{first, filler, last});
+    const std::string filler = "Filler\\" + std::to_string(number % 5);
+    store.ApplyAll(std::array{SetNumber("First", "Number", number), SetText(filler, "Text", text),
+                              SetNumber("Last", "Number", number)});
     written = number;
   }
 }
@@ -99,8 +98,7 @@ TEST(SettingsCrashTest, AKilledRepairIsFinishedByTheNext) {
   std::mt19937 random(3);
   for (int round = 0; round < 25; ++round) {
     const TemporaryHome home;
-    SettingsStore(home.Path())
-        .WriteAll(std::array{SettingsWrite{machine, "Kept", "Number", SettingsType::Number, 5, ""}});
+    SettingsStore(home.Path()).ApplyAll(std::array{SetNumber("Kept", "Number", 5)});
     RefreshGoodCopy(home.Path());
     const std::string damage = "damaged beyond recognition";
     std::ofstream(home.Paths().store, std::ios::binary) << damage;

@@ -5,6 +5,7 @@
 
 #include "platform/RuntimeError.h"
 #include "platform/posix/PosixSettings.h"
+#include "platform/posix/SettingsAccess.h"
 #include "platform/posix/SettingsRepair.h"
 #include "platform/posix/SettingsStore.h"
 
@@ -31,10 +32,10 @@ private:
 };
 
 void Fill(const std::string &home, const std::string &text) {
-  std::vector<SettingsWrite> writes(300);
-  for (std::size_t i = 0; i < writes.size(); ++i)
-    writes[i] = {machine, "Courses\\" + std::to_string(i), "Name", SettingsType::Text, 0, text};
-  SettingsStore(home).WriteAll(writes);
+  std::vector<RegistryChange> changes;
+  for (int i = 0; i < 300; ++i)
+    changes.push_back(SetText("Courses\\" + std::to_string(i), "Name", text));
+  SettingsStore(home).ApplyAll(changes);
 }
 
 std::string NameIn(const std::string &home) {
@@ -201,6 +202,29 @@ TEST(SettingsRepair, LeavesAloneWhatIsNotDamaged) {
     EXPECT_NE(boxes.Shown().front().text.find(words), std::string::npos) << boxes.Shown().front().text;
     EXPECT_EQ(FilesStartingWith(home.Path(), "settings.damaged-").size(), 0U);
   }
+}
+
+TEST(SettingsRepair, AStoreThatWasBusyIsNotWaitedForAgainButToldAsSuch) {
+  const TemporaryHome home;
+  Fill(home.Path(), "good");
+  RefreshGoodCopy(home.Path());
+  SettingsAccess access(home.Path(), std::chrono::milliseconds(20));
+  RecordedBoxes boxes;
+  {
+    const LockingProgram other(home.Paths().store);
+    EXPECT_THROW(access.Open(), RuntimeError);
+    access.Restore(boxes);
+  }
+  access.Restore(boxes);
+  ASSERT_EQ(boxes.Shown().size(), 2U) << "told whether or not the other program has ended meanwhile";
+  for (const MessageBox &box : boxes.Shown())
+    EXPECT_EQ(box.text,
+              "The settings were in use by another program. Nothing was changed:" + (emptyLine + home.Paths().store));
+  EXPECT_EQ(NameIn(home.Path()), "good");
+  std::filesystem::resize_file(home.Paths().store, 5000);
+  EXPECT_THROW(access.Open(), RuntimeError);
+  access.Restore(boxes);
+  EXPECT_EQ(NameIn(home.Path()), "good") << "damage is repaired, though the store was busy before";
 }
 
 TEST(SettingsRepair, MovesNothingUntilTheReplacementIsReady) {

@@ -111,17 +111,22 @@ TEST_F(SettingsSharingTest, ABusyStoreIsToldAsSuch) {
       EXPECT_EQ(error.Description(), words);
     }
   };
+  const auto expectFailedWrite = [&](const PosixRegistryService &service) {
+    EXPECT_EQ(service.LastError(), static_cast<long>(ErrorNumber::PermissionDenied));
+    EXPECT_EQ(service.LastErrorText(), words);
+  };
   {
     const SettingsLock replacingTheFile(mHome.Paths(), SettingsLock::Mode::Alone, shortPatience);
-    expectBusy([&] { mSecond.OpenKey("Courses\\New", true); });
+    EXPECT_FALSE(mSecond.OpenKey("Courses\\New", true));
+    expectFailedWrite(mSecond);
     expectBusy([&] { PosixRegistryService(mHome.Path(), shortPatience); });
   }
   const LockingProgram other(mHome.Paths().store);
   EXPECT_EQ(mFirst.GetStringValue("Name"), "first") << "what is known needs no lock";
   mFirst.SetStringValue("Name", "new");
-  EXPECT_EQ(mFirst.LastError(), static_cast<long>(ErrorNumber::PermissionDenied));
-  EXPECT_EQ(mFirst.LastErrorText(), words);
-  expectBusy([&] { mFirst.OpenKey("Courses\\New", true); });
+  expectFailedWrite(mFirst);
+  EXPECT_FALSE(mFirst.OpenKey("Courses\\New", true));
+  expectFailedWrite(mFirst);
   expectBusy([&] { mFirst.DeleteKey("Courses\\One"); });
   expectBusy([&] { PosixRegistryService(mHome.Path(), shortPatience); });
   expectBusy([&] { RepairSettings(mHome.Paths(), shortPatience); });
@@ -170,16 +175,15 @@ TEST_F(SettingsSharingTest, AStoreInAnotherJournalModeIsBroughtBackToOurs) {
 
 TEST_F(SettingsSharingTest, WritesManyAtOnceOrNone) {
   SettingsStore store(mHome.Path());
-  const SettingsWrite good{RegistryRoot::LocalMachine, "Courses\\Three", "Name", SettingsType::Text, 0, "third"};
-  const SettingsWrite bad{RegistryRoot::LocalMachine, "\\Courses", "Name", SettingsType::Text, 0, "x"};
-  EXPECT_THROW(store.WriteAll(std::array{good, bad}), RuntimeError);
+  const RegistryChange good = SetText("Courses\\Three", "Name", "third");
+  EXPECT_THROW(store.ApplyAll(std::array{good, SetText("\\Courses", "Name", "x")}), RuntimeError);
   EXPECT_EQ(store.Find(RegistryRoot::LocalMachine, "Courses\\Three"), nullptr);
   EXPECT_FALSE(mFirst.KeyExists("Courses\\Three"));
-  store.WriteAll(std::array{good});
+  store.ApplyAll(std::array{good});
   ASSERT_TRUE(mFirst.OpenKey("Courses\\Three", false));
   EXPECT_EQ(mFirst.GetStringValue("Name"), "third");
   // What is replaced by its like must not make the store mistake another's later change for its own.
-  store.WriteAll(std::array{good});
+  store.ApplyAll(std::array{good});
   mFirst.SetStringValue("Name", "changed");
   EXPECT_EQ(store.Find(RegistryRoot::LocalMachine, "Courses\\Three")->FindValue("Name")->text, "changed");
 }

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "platform/RegistryBranches.h"
 #include "platform/posix/SettingsHome.h"
 
 #include <gtest/gtest.h>
@@ -42,6 +43,14 @@ public:
 private:
   std::filesystem::path mFolder;
 };
+
+inline RegistryChange SetText(const std::string &keyPath, const std::string &valueName, const std::string &text) {
+  return {RegistryChange::Kind::SetValue, RegistryRoot::LocalMachine, keyPath, valueName, {RegSz, 0, text}};
+}
+
+inline RegistryChange SetNumber(const std::string &keyPath, const std::string &valueName, int number) {
+  return {RegistryChange::Kind::SetValue, RegistryRoot::LocalMachine, keyPath, valueName, {RegDword, number, ""}};
+}
 
 inline std::string ContentOf(const std::filesystem::path &path) {
   std::ifstream file(path, std::ios::binary);

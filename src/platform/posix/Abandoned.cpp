@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 Turf Desk contributors
+
+#include "platform/posix/Abandoned.h"
+
+#include "platform/posix/FolderEntries.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <ctime>
+#include <filesystem>
+#include <system_error>
+
+namespace turfdesk {
+
+namespace {
+
+/// Longer than it takes to lock what was just made.
+constexpr time_t AbandonedAfterSeconds = 60;
+
+bool CanBeAbandoned(const std::string &path, mode_t type) {
+  struct stat status;
+  if (lstat(path.c_str(), &status) != 0 || (status.st_mode & S_IFMT) != type || status.st_uid != geteuid())
+    return false;
+  const bool isOurs = type != S_IFDIR || (status.st_mode & 0777) == 0700;
+  return isOurs && status.st_mtime + AbandonedAfterSeconds < std::time(nullptr);
+}
+
+} // namespace
+
+bool LockAgainstRemoval(const Descriptor &file) { return flock(file.Number(), LOCK_EX | LOCK_NB) == 0; }
+
+void RemoveAbandoned(const std::string &folder, const TemporaryNames &names, mode_t type) {
+  ForEachEntry(folder, [&](const dirent &entry) {
+    if (!names.Include(entry.d_name))
+      return;
+    const std::string path = folder + "/" + entry.d_name;
+    if (!CanBeAbandoned(path, type))
+      return;
+    // Some disks lock only what is open for writing, which a folder never is.
+    const int access = type == S_IFREG ? O_RDWR : O_RDONLY;
+    const Descriptor lock(open(path.c_str(), access | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    std::error_code error;
+    if (LockAgainstRemoval(lock))
+      std::filesystem::remove_all(path, error);
+  });
+}
+
+} // namespace turfdesk

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 Turf Desk contributors
+
+#pragma once
+
+#include "platform/posix/Descriptor.h"
+
+#include <sys/types.h>
+
+#include <string>
+#include <string_view>
+
+namespace turfdesk {
+
+// What a process makes under a temporary name it locks for as long as it lives: the kernel lets go of the lock when the
+// process ends, however it ends. What bears such a name and is locked by nobody was left behind by one that was killed.
+
+/// Names of temporary files or folders: a beginning, six random letters and digits, and an end.
+struct TemporaryNames {
+  static constexpr std::size_t RandomLength = 6;
+
+  std::string_view beginning;
+  std::string_view end;
+
+  bool Include(std::string_view name) const {
+    return name.size() == beginning.size() + RandomLength + end.size() && name.starts_with(beginning) &&
+           name.ends_with(end);
+  }
+};
+
+/// Locks an open file or folder. False when somebody else has locked it, or where the disk knows no locks.
+bool LockAgainstRemoval(const Descriptor &file);
+
+/// Removes from a folder of the host what this user's killed processes have left: entries of these names, either files
+/// (S_IFREG) or folders for nobody else (S_IFDIR), that have not changed for a minute, with all that they hold.
+void RemoveAbandoned(const std::string &folder, const TemporaryNames &names, mode_t type);
+
+} // namespace turfdesk
