@@ -23,8 +23,9 @@ public:
 
   /// Copies a file with its content and modification time, replacing an existing destination. Paths are full Windows
   /// paths. The data goes to a temporary name in the destination's folder, is flushed to disk and renamed into place,
-  /// so that the destination's name never bears half a file; on failure the old destination stays and nothing else is
-  /// left. A destination that exists under a name of other case keeps its name.
+  /// so that the destination's name never bears half a file; on failure the old destination stays (or is the whole new
+  /// file, where only the last flush failed) and nothing else is left. A destination that exists under a name of other
+  /// case keeps its name.
   ///
   /// Throws RuntimeError: 53 source missing, 76 destination folder missing, 70 source and destination are one file
   /// (however named), 75 destination read-only or a folder, 61 disk full, 68 or 71 drive missing or not ready,

@@ -27,7 +27,7 @@ public:
   /// semicolons; blanks around one do not count, nor does case. * stands for any text, ? for one character.
   /// Throws as Subfolders does.
   virtual std::vector<std::string> Files(std::string_view folder, std::string_view pattern) = 0;
-  /// The folder that the lists start in when nothing else is known; it exists.
+  /// The folder that the lists start in when nothing else is known. It can be read, unless no drive can.
   virtual std::string StartFolder() = 0;
   /// The folder's full path with the names' own case, "." and ".." resolved and without a trailing backslash except
   /// that of a root ("C:\"). "c:" and "C:" mean the drive's root. Throws as Subfolders does.

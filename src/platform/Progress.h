@@ -15,7 +15,7 @@ public:
   Progress &operator=(const Progress &) = delete;
   virtual ~Progress() = default;
 
-  /// A new piece of work begins: position 0 of total bytes. A total of 0 means that nothing is known.
+  /// A new piece of work begins: position 0 of total bytes. With a total of 0 there is nothing to do.
   virtual void Begin(std::uint64_t totalBytes) = 0;
   /// Bytes done since Begin; never above the total.
   virtual void SetPosition(std::uint64_t doneBytes) = 0;

@@ -26,7 +26,8 @@ public:
   /// The modification time that the file will bear, in seconds since 1970. Without a call it is that of the last write.
   virtual void SetModificationTime(std::int64_t seconds) = 0;
   /// Flushes the data to disk where flush is set, and gives the file its name, replacing what stood there. Also throws
-  /// 75 when a read-only file or a folder stands there. Nothing can be written afterwards.
+  /// 75 when a read-only file or a folder stands there. Nothing can be written afterwards. After a failure the name
+  /// bears what it bore before, or, where only the very last flush failed, the whole new file in place of an old one.
   virtual void Commit(bool flush) = 0;
 };
 

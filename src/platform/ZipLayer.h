@@ -54,7 +54,8 @@ public:
   /// that lies in the folder is replaced. A failed file leaves nothing of itself; those before it stay.
   virtual std::int16_t Unzip(std::int16_t unused) = 0;
   /// Writes the archive. It appears under its name when it is complete and flushed, replacing what stood there; on
-  /// any failure what stood there stays untouched and nothing else is left.
+  /// any failure what stood there stays untouched and nothing else is left, except that a failure of the last flush
+  /// leaves the whole new archive.
   virtual std::int16_t Zip(std::int16_t unused) = 0;
 };
 

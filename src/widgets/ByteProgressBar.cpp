@@ -3,6 +3,7 @@
 
 #include "widgets/ByteProgressBar.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace turfdesk {
@@ -11,7 +12,8 @@ void ByteProgressBar::Begin(std::uint64_t totalBytes) {
   mShift = 0;
   while (totalBytes >> mShift > static_cast<std::uint64_t>(std::numeric_limits<int>::max()))
     ++mShift;
-  setRange(0, static_cast<int>(totalBytes >> mShift));
+  // A range of nothing is a bar that never comes to rest.
+  setRange(0, std::max(static_cast<int>(totalBytes >> mShift), 1));
   setValue(0);
 }
 

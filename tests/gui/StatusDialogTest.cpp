@@ -132,6 +132,8 @@ TEST_F(StatusDialogTest, ProgressCountsBytesBeyondTwoGigabytes) {
   EXPECT_NEAR(bar.value() / static_cast<double>(bar.maximum()), 0.25, 1e-6);
   progress.SetPosition(large);
   EXPECT_EQ(bar.value(), bar.maximum());
+  progress.Begin(0);
+  EXPECT_LT(bar.minimum(), bar.maximum()) << "a bar without a range moves for ever";
 }
 
 TEST_F(StatusDialogTest, AMissingAnimationIsAnError) {
@@ -209,6 +211,17 @@ TEST_F(MessageBoxesTest, KeysPressedBeforeTheQuestionDoNotAnswerIt) {
       QTest::keyClick(&box, Qt::Key_Escape);
   };
   EXPECT_EQ(Show({"?", "t", BoxButtons::YesNo, BoxIcon::Question}, refuse), BoxAnswer::No);
+}
+
+TEST_F(MessageBoxesTest, ABoxBelongsToTheMainWindowWhenNoneIsActive) {
+  QWidget main;
+  main.setAttribute(Qt::WA_ShowWithoutActivating);
+  main.show();
+  ASSERT_EQ(QApplication::activeWindow(), nullptr);
+  Show({"!", "t", BoxButtons::Ok, BoxIcon::Information}, [&main](QMessageBox &box) {
+    EXPECT_EQ(box.parentWidget(), &main);
+    box.close();
+  });
 }
 
 TEST_F(MessageBoxesTest, ATextOfManyLinesLeavesTheButtonsInReach) {

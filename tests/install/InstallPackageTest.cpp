@@ -55,7 +55,7 @@ protected:
 } // namespace
 
 TEST_F(InstallPackageTest, EverythingGoesInWithLibrariesFirst) {
-  EXPECT_TRUE(Install({Course(course), Other("One.BMP"), Library(grass), Other("two.bmp"), Library(trees),
+  EXPECT_TRUE(Install({Course(course), Other("sub/two.bmp"), Library(grass), Other("two.bmp"), Library(trees),
                        Other("Tune.mp3"), Library(water), Other("notes.TXT"), Other("readme.doc")}));
   EXPECT_TRUE(world.boxes.shown.empty()) << world.boxes.shown.front().text;
   const Row *row = state.lstCourses.FindKey(samples::KeyOf(course));
@@ -69,6 +69,7 @@ TEST_F(InstallPackageTest, EverythingGoesInWithLibrariesFirst) {
   EXPECT_EQ(FilesInTemp(), std::set<std::string>{});
   EXPECT_EQ(world.window.route.caption, "Install completed successfully.");
   const std::string temp = state.fileService->GetTempFolder();
+  EXPECT_FALSE(DirExists(state, temp + R"(\sub)")) << "only the file that counts is extracted";
   EXPECT_EQ(world.window.steps.front(), R"(Harbour.hlc|"C:\Downloads\p.hlz" to ")" + temp + "\"");
   EXPECT_EQ(world.window.steps.back(), R"(notes.TXT|")" + temp + R"(" to "C:\Golf")");
 }

@@ -10,6 +10,12 @@
 
 namespace turfdesk {
 
+namespace {
+
+bool IsPattern(std::string_view item) { return item.find_first_of("*?") != std::string_view::npos; }
+
+} // namespace
+
 std::vector<std::string> SplitList(std::string_view list) {
   std::vector<std::string> items;
   while (!list.empty()) {
@@ -36,7 +42,7 @@ bool EntrySelection::Selects(std::string_view name) const {
   const std::string folded = FoldCase(name);
   const std::string_view bareName = BareFileName(folded);
   return std::any_of(mPatterns.begin(), mPatterns.end(), [&](const std::string &pattern) {
-    return MatchesWildcard(pattern, folded) || MatchesWildcard(pattern, bareName);
+    return MatchesWildcard(pattern, folded) || (IsPattern(pattern) && MatchesWildcard(pattern, bareName));
   });
 }
 

@@ -22,7 +22,7 @@ public:
   explicit EntrySelection(std::string_view filesToProcess);
 
   /// Is the file selected? name has backslashes between its folders. Patterns are held against the whole name, where *
-  /// also stands for folders, and against the bare file name.
+  /// also stands for folders, and against the bare file name. What has neither * nor ? is the whole name of one file.
   bool Selects(std::string_view name) const;
 
 private:

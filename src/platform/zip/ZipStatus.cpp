@@ -40,6 +40,8 @@ constexpr LibzipRow LibzipRows[] = {
     {ZIP_ER_READ, ZipStatus::ReadFailed},
     {ZIP_ER_WRITE, ZipStatus::WriteFailed},
     {ZIP_ER_CRC, ZipStatus::ChecksumWrong},
+    // What is missing is the extra field of an entry with a size or place that takes 64 bits.
+    {ZIP_ER_NOENT, ZipStatus::BadStructure},
     {ZIP_ER_ZLIB, ZipStatus::BadStructure},
     {ZIP_ER_MEMORY, ZipStatus::NotEnoughMemory},
     {ZIP_ER_COMPNOTSUPP, ZipStatus::UnsupportedVersion},

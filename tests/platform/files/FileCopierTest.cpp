@@ -2,7 +2,7 @@
 // SPDX-FileCopyrightText: 2026 Turf Desk contributors
 
 #include "FilesTest.h"
-#include "InjectedFault.h"
+#include "common/InjectedFault.h"
 
 #include "platform/posix/PosixFileCopier.h"
 

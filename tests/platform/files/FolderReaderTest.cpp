@@ -7,6 +7,7 @@
 #include "platform/posix/PosixFolderReader.h"
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace turfdesk {
 
@@ -94,6 +95,23 @@ TEST_F(FolderReaderTest, ListsStartWhereTheProgramWasStarted) {
   std::filesystem::current_path("/");
   std::filesystem::remove(mHome / "drives/z:");
   EXPECT_EQ(mReader.StartFolder(), "C:\\");
+}
+
+TEST_F(FolderReaderTest, ListsDoNotStartInAFolderThatMayNotBeRead) {
+  using std::filesystem::perms;
+  Put("Games/x", "");
+  std::filesystem::current_path(Host("Games"));
+  for (auto folder = mHome / "drives" / "c:"; folder != mFolder.parent_path(); folder = folder.parent_path())
+    std::filesystem::permissions(folder, perms{0755});
+  std::filesystem::permissions(Host("Games"), perms::owner_exec);
+  // Nothing is closed to root.
+  const uid_t user = geteuid();
+  constexpr uid_t nobody = 65534;
+  ASSERT_TRUE(user != 0 || seteuid(nobody) == 0);
+  const std::string start = mReader.StartFolder();
+  ASSERT_EQ(user == 0 ? seteuid(user) : 0, 0);
+  std::filesystem::permissions(Host("Games"), perms::owner_all);
+  EXPECT_EQ(start, "C:\\");
 }
 
 } // namespace

@@ -58,18 +58,28 @@ TEST_F(ProcessesTest, AWindowsProgramRunsThroughWine) {
 
 TEST_F(ProcessesTest, WhatCannotBeStartedHasItsNumber) {
   Put("plain", "#!/bin/sh\n");
-  Put("windows.exe", "MZ");
   PutProgram("garbage", "no program");
   std::filesystem::create_directory(Host("folder"));
-  setenv("PATH", Host("").c_str(), 1);
   const PathsByNumber cases = {{52, {"C:\\x?"}},
                                {53, {"C:\\none.exe"}},
                                {68, {"Q:\\x.exe"}},
-                               {75, {"C:\\folder", "C:\\plain", "C:\\windows.exe", "C:\\garbage"}},
+                               {75, {"C:\\folder", "C:\\plain", "C:\\garbage"}},
                                {76, {"C:\\none\\x.exe"}}};
   for (const auto &[number, programs] : cases)
     for (const std::string &program : programs)
       EXPECT_EQ(Run(program, {}), number) << program;
+}
+
+TEST_F(ProcessesTest, ThatWineIsMissingIsToldInWords) {
+  Put("windows.exe", "MZ");
+  setenv("PATH", Host("").c_str(), 1);
+  try {
+    mProcesses.Shell("C:\\windows.exe", {}, WindowStyle::Hidden);
+    FAIL() << "it was started";
+  } catch (const RuntimeError &error) {
+    EXPECT_EQ(error.Number(), ErrorNumber::PathFileAccess);
+    EXPECT_EQ(error.Description(), "This is a program for Windows. It needs Wine, which is not installed.");
+  }
 }
 
 TEST_F(ProcessesTest, TheWaitLetsWindowsRepaintAndEndsWithTheProcess) {

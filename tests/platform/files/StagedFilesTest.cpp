@@ -2,11 +2,17 @@
 // SPDX-FileCopyrightText: 2026 Turf Desk contributors
 
 #include "FilesTest.h"
-#include "InjectedFault.h"
+#include "common/InjectedFault.h"
 
 #include "platform/posix/PosixStagedFiles.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <cerrno>
+#include <csignal>
 
 namespace turfdesk {
 
@@ -64,7 +70,7 @@ TEST_F(StagedFilesTest, RefusalsHaveTheirNumbers) {
   chmod(Host("locked").c_str(), 0444);
   std::filesystem::create_directory_symlink(Host("gone"), Host("broken"));
   std::filesystem::create_directory_symlink(mFolder / "gone", mHome / "drives/e:");
-  const PathsByNumber cases = {{52, {"C:\\none\\x?"}},
+  const PathsByNumber cases = {{52, {"C:\\none\\x?", "C:\\.turfdesk-abcdef.tmp"}},
                                {68, {"Q:\\x"}},
                                {71, {"E:\\x", "E:\\x\\y"}},
                                {75, {"C:\\locked", "C:\\"}},
@@ -81,6 +87,41 @@ TEST_F(StagedFilesTest, AFullDiskIsToldAtTheWrite) {
   const auto file = mFiles.Create("C:\\x", false);
   const InjectedFault fault("pwrite", ENOSPC);
   EXPECT_EQ(NumberThrownBy([&] { Write(*file, "x"); }), 61);
+}
+
+TEST_F(StagedFilesTest, AFailureOfTheVeryLastFlushLeavesNoNewFileButAWholeReplacedOne) {
+  Put("Games/old", "old");
+  for (const char *path : {"C:\\Games\\new", "C:\\Games\\old"}) {
+    const InjectedFault fault(Fault{.calls = {"fsync"}, .error = EIO, .first = 2});
+    const auto file = mFiles.Create(path, false);
+    Write(*file, "new content");
+    EXPECT_EQ(NumberThrownBy([&] { file->Commit(true); }), 57);
+  }
+  EXPECT_EQ(Entries("Games"), std::vector<std::string>{"old"});
+  EXPECT_EQ(Content("Games/old"), "new content");
+}
+
+// All look old, as if nobody had touched them for long.
+TEST_F(StagedFilesTest, WhatAKilledProgramLeftIsRemovedByTheNextWriteInTheFolder) {
+  const InjectedFault noUnnamedFiles("openat unnamed", EOPNOTSUPP);
+  Put("Games/.turfdesk-notes.tmp", "a user's own");
+  const pid_t child = fork();
+  if (child == 0) {
+    Write(*mFiles.Create("C:\\Games\\x", false).release(), "half a file");
+    kill(getpid(), SIGKILL);
+  }
+  waitpid(child, nullptr, 0);
+  const auto atWork = mFiles.Create("C:\\Games\\y", false);
+  Write(*atWork, "whole");
+  ASSERT_EQ(Entries("Games").size(), 3U);
+  const timespec longAgo[] = {{1'000'000'000, 0}, {1'000'000'000, 0}};
+  for (const std::string &name : Entries("Games"))
+    ASSERT_EQ(utimensat(AT_FDCWD, Host("Games/" + name).c_str(), longAgo, 0), 0);
+
+  mFiles.Create("C:\\Games\\z", false);
+  EXPECT_EQ(Entries("Games").size(), 2U) << "one was left behind";
+  atWork->Commit(true);
+  EXPECT_EQ(Entries("Games"), (std::vector<std::string>{".turfdesk-notes.tmp", "y"}));
 }
 
 TEST_F(StagedFilesTest, FreeBytesAreThoseOfTheFoldersDisk) {

@@ -89,6 +89,7 @@ INSTANTIATE_TEST_SUITE_P(
         FaultCase{"DirectoryBehindTheEnd", 110, WithBytes(RawZipBytes({GoodEntry}, {.directoryOffset = 0x00FFFFFF}))},
         FaultCase{"DirectoryElsewhere", 110, WithBytes(RawZipBytes({GoodEntry}, {.directoryOffset = 3}))},
         FaultCase{"MoreEntriesThanCounted", 110, WithBytes(RawZipBytes({GoodEntry}, {.entries = 7}))},
+        FaultCase{"SizeOf64BitsMissing", 110, WithEntry({.name = "large.hlc", .size = 0xFFFFFFFF})},
         FaultCase{"CutInTheEndRecord", 160, WithBytes(CutBy(10))},
         FaultCase{"CutInTheData", 160, WithBytes(CutBy(600))},
         FaultCase{"LastOfManyDisks", 410, WithBytes(RawZipBytes({GoodEntry}, {.disk = 1}))},
