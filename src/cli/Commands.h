@@ -70,6 +70,11 @@ ExitStatus ClearStatistics(CommandContext &context, const std::string &course);
 using MediaOptions = std::array<std::optional<std::string>, 3>;
 ExitStatus SetMedia(CommandContext &context, const std::string &course, const MediaOptions &media);
 
+/// directory, which holds the course of MF2001, is a host or Windows path.
+ExitStatus ConvertCourse(CommandContext &context, const std::string &directory);
+/// Only starts the converter.
+ExitStatus ConvertQuillonCourse(CommandContext &context);
+
 ExitStatus ListSettings(CommandContext &context);
 ExitStatus GetSetting(CommandContext &context, const std::string &name);
 ExitStatus SetSetting(CommandContext &context, const std::string &name, const std::string &value);
@@ -80,6 +85,12 @@ ExitStatus SetTreeValue(CommandContext &context, const std::string &key, const s
                         const std::string &value);
 ExitStatus ListTreeKeys(CommandContext &context, const std::string &key);
 ExitStatus DeleteTreeKey(CommandContext &context, const std::string &key);
+
+/// Writes the game's settings as a registry editor's file. file is a host or Windows path; without one the bytes of the
+/// file go to standard output, at a terminal as text that can be read there.
+ExitStatus ExportTree(CommandContext &context, const std::optional<std::string> &file);
+/// Takes the game's settings over from a registry editor's file.
+ExitStatus ImportTree(CommandContext &context, const std::string &file);
 
 /// Prints what an operation did: its result, its verdict and, as JSON, all that it showed.
 ExitStatus ReportOperation(CommandContext &context, bool result, const std::string &verdict);

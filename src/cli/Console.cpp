@@ -70,8 +70,11 @@ bool ConsoleBoxes::Agrees(const MessageBox &box) {
     mPrompts << ConsoleText(box.text) << std::endl;
   mPrompts << (box.buttons == BoxButtons::YesNo ? "yes or no? " : "ok or cancel? ") << std::flush;
   std::string line;
-  if (!std::getline(mInput, line))
+  if (!std::getline(mInput, line)) {
+    // Nobody has typed an answer, nor a line break.
+    mPrompts << WordOf(AnswerOf(box.buttons, false)) << std::endl;
     return false;
+  }
   const std::string word = FoldCase(TrimBlanks(line.ends_with('\r') ? line.substr(0, line.size() - 1) : line));
   return word == "y" || word == "yes" || word == "ok";
 }

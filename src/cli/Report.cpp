@@ -15,6 +15,10 @@ ExitStatus ReportOperation(CommandContext &context, bool result, const std::stri
 }
 
 std::string OperationJson(const Transcript &transcript, bool result, const std::string &verdict) {
+  return DumpJson(OperationObject(transcript, result, verdict));
+}
+
+Json OperationObject(const Transcript &transcript, bool result, const std::string &verdict) {
   Json messages = Json::array();
   for (const auto &message : transcript.messages)
     messages.push_back(
@@ -22,8 +26,7 @@ std::string OperationJson(const Transcript &transcript, bool result, const std::
   Json steps = Json::array();
   for (const auto &step : transcript.steps)
     steps.push_back({{"file", step.file}, {"route", step.route}});
-  const Json answer = {{"result", result}, {"verdict", verdict}, {"messages", messages}, {"steps", steps}};
-  return DumpJson(answer);
+  return {{"result", result}, {"verdict", verdict}, {"messages", messages}, {"steps", steps}};
 }
 
 ExitStatus ReportAnswer(CommandContext &context) {

@@ -11,6 +11,7 @@
 #include "platform/CaseFold.h"
 #include "platform/RuntimeError.h"
 #include "support/ErrorHandling.h"
+#include "support/StringTable.h"
 #include "support/basVorinFile.h"
 #include "support/basVorinString.h"
 
@@ -62,8 +63,36 @@ bool LeaveOut(CommandContext &context, ListView &libraries, const std::vector<st
     if (row == nullptr)
       return false;
     row->SetChecked(false);
+    LibraryCheckChanged(context.state, *row);
   }
   return true;
+}
+
+/// A course that lacks a library cannot be played by everybody, so the user is asked.
+bool MayLackLibraries(SharedState &state, const ListView &libraries) {
+  if (!HasUncheckedLibrary(libraries))
+    return true;
+  const MessageBox question{LoadResString(StringId::RequiredLibrariesUnchecked), UncheckedLibrariesTitle,
+                            BoxButtons::YesNo, BoxIcon::Question};
+  return state.boxes.Show(question) == BoxAnswer::Yes;
+}
+
+/// False when there is nothing that could be packed, or the user refuses.
+bool PrepareRequest(CommandContext &context, const CompressOptions &options, CompressRequest &request) {
+  SharedState &state = context.state;
+  if (!ListHasItems(state, ActiveCourses))
+    return false;
+  const Row *course = FindByKeyOrName(context, state.lstCourses, options.course, "course");
+  if (course == nullptr || !CourseMayBeCompressed(state, *course))
+    return false;
+  ListView libraries;
+  request = ProposeCompress(state, *course, libraries);
+  if (!LeaveOut(context, libraries, options.without))
+    return false;
+  request.libraries = LibrariesOf(libraries);
+  if (!options.output.empty() && (request.packageName = TakePath(state, options.output)).empty())
+    return false;
+  return MayLackLibraries(state, libraries);
 }
 
 } // namespace
@@ -94,19 +123,8 @@ ExitStatus CompressCourse(CommandContext &context, const CompressOptions &option
   LoadLists(state);
   bool result = false;
   Guarded(state, "frmTurfManager.btnCourseCompress_Click(): ", [&] {
-    if (!ListHasItems(state, ActiveCourses))
-      return;
-    const Row *course = FindByKeyOrName(context, state.lstCourses, options.course, "course");
-    if (course == nullptr)
-      return;
-    ListView libraries;
-    CompressRequest request = ProposeCompress(state, *course, libraries);
-    if (!LeaveOut(context, libraries, options.without))
-      return;
-    request.libraries = LibrariesOf(libraries);
-    if (!options.output.empty() && (request.packageName = TakePath(state, options.output)).empty())
-      return;
-    result = RunCompress(state, request, context.window);
+    CompressRequest request;
+    result = PrepareRequest(context, options, request) && RunCompress(state, request, context.window);
   });
   return ReportOperation(context, result, context.window.RouteLabel().Caption());
 }

@@ -4,11 +4,15 @@
 #include "shell/Main.h"
 #include "cli/Commands.h"
 #include "platform/Terminal.h"
+#include "support/basVorinString.h"
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <functional>
 #include <iostream>
+#include <optional>
+#include <span>
 
 namespace turfdesk {
 
@@ -48,6 +52,7 @@ public:
     AddListCommands();
     AddWorkCommands();
     AddManageCommands();
+    AddConvertCommands();
     AddTreeCommands();
   }
 
@@ -101,6 +106,14 @@ private:
     Bind(clear, [this](CommandContext &context) { return ClearStatistics(context, mName); });
   }
 
+  void AddConvertCommands() {
+    auto *convert = mApp.add_subcommand("convert", "Convert and install a course of MF2001");
+    convert->add_option("directory", mDirectory, "The folder that it lies in")->required();
+    Bind(convert, [this](CommandContext &context) { return ConvertCourse(context, mDirectory); });
+    Bind(mApp.add_subcommand("convert-quillon", "Start the converter for courses of Quillon 2000"),
+         [](CommandContext &context) { return ConvertQuillonCourse(context); });
+  }
+
   void AddRow(CLI::App *app) {
     app->add_option("name", mRow.name, "Key or name of a course or library")->required();
     app->add_flag("--library", mRow.library, "A library, also where a course has the same key or name");
@@ -114,7 +127,7 @@ private:
     Bind(get, [this](CommandContext &context) { return GetSetting(context, mName); });
     auto *set = settings->add_subcommand("set", "Change one");
     set->add_option("name", mName, "Its name")->required();
-    set->add_option("value", mValue, "Its new value")->required();
+    set->add_option("value", mValue, "Its new value; behind -- when it begins with a dash")->required();
     Bind(set, [this](CommandContext &context) { return SetSetting(context, mName, mValue); });
 
     auto *tree = mApp.add_subcommand("tree", "The raw settings tree under HKEY_LOCAL_MACHINE")->require_subcommand(1);
@@ -123,7 +136,7 @@ private:
     Bind(treeGet, [this](CommandContext &context) { return GetTreeValue(context, mKey, mName); });
     auto *treeSet = tree->add_subcommand("set", "Write a value, making its key");
     AddKeyAndName(treeSet);
-    treeSet->add_option("value", mValue, "Its text")->required();
+    treeSet->add_option("value", mValue, "Its text; behind -- when it begins with a dash")->required();
     Bind(treeSet, [this](CommandContext &context) { return SetTreeValue(context, mKey, mName, mValue); });
     auto *keys = tree->add_subcommand("keys", "Print the subkeys of a key");
     keys->add_option("key", mKey, "Path of the key")->required();
@@ -131,6 +144,17 @@ private:
     auto *deleteKey = tree->add_subcommand("delete", "Delete a key without subkeys");
     deleteKey->add_option("key", mKey, "Path of the key")->required();
     Bind(deleteKey, [this](CommandContext &context) { return DeleteTreeKey(context, mKey); });
+    AddExchangeCommands(tree);
+  }
+
+  void AddExchangeCommands(CLI::App *tree) {
+    auto *exportTree = tree->add_subcommand("export", "Write the game's settings as a registry editor's file");
+    exportTree->add_option("file", mExportFile,
+                           "Host or Windows path; without it the bytes of the file go to standard output");
+    Bind(exportTree, [this](CommandContext &context) { return ExportTree(context, mExportFile); });
+    auto *importTree = tree->add_subcommand("import", "Take the game's settings over from a registry editor's file");
+    importTree->add_option("file", mImportFile, "Host or Windows path")->required();
+    Bind(importTree, [this](CommandContext &context) { return ImportTree(context, mImportFile); });
   }
 
   void AddKeyAndName(CLI::App *app) {
@@ -149,6 +173,9 @@ private:
   std::string mValue;
   std::string mKey;
   std::string mDestination;
+  std::string mDirectory;
+  std::optional<std::string> mExportFile;
+  std::string mImportFile;
   RowOptions mRow;
   MediaOptions mMedia;
   InstallOptions mInstall;
@@ -170,11 +197,11 @@ ExitStatus RunCommand(Platform &platform, const GlobalOptions &options, const Co
   return command(context);
 }
 
-ExitStatus Fail(const GlobalOptions &options, const std::exception &error, ExitStatus status) {
-  if (options.json)
-    std::cout << OperationJson({{{"error", "Turf Desk", error.what(), "ok"}}, {}}, false, "") << std::endl;
+ExitStatus Fail(bool json, const std::string &words, ExitStatus status) {
+  if (json)
+    std::cout << OperationJson({{{"error", "Turf Desk", words, "ok"}}, {}}, false, "") << std::endl;
   else
-    std::cerr << error.what() << std::endl;
+    std::cerr << ConsoleText(words) << std::endl;
   return status;
 }
 
@@ -183,13 +210,33 @@ ExitStatus Run(const GlobalOptions &options, const Command &command) {
   try {
     platform = MakePlatform(options.home);
   } catch (const std::exception &error) {
-    return Fail(options, error, ExitStatus::NoServices);
+    return Fail(options.json, error.what(), ExitStatus::NoServices);
   }
   try {
     return RunCommand(*platform, options, command);
   } catch (const std::exception &error) {
-    return Fail(options, error, ExitStatus::Failed);
+    return Fail(options.json, error.what(), ExitStatus::Failed);
   }
+}
+
+/// CLI11 speaks of what is missing, and not of the argument that it has taken for an option instead.
+std::string UsageErrorWords(const CLI::App &app, const CLI::ParseError &error) {
+  for (const std::string &argument : app.remaining())
+    if (argument.starts_with('-') && argument != "--")
+      return "There is no option " + argument + ". A text that begins with a dash is put behind --.";
+  return error.what();
+}
+
+/// Ends without a command: the user asked for help, or the arguments were wrong and have not been taken over.
+ExitStatus EndParsing(const CLI::App &app, const CLI::ParseError &error, std::span<char *const> arguments) {
+  if (error.get_exit_code() == 0) {
+    app.exit(error);
+    return ExitStatus::Done;
+  }
+  const std::string words = UsageErrorWords(app, error);
+  if (std::find(arguments.begin(), arguments.end(), std::string_view("--json")) != arguments.end())
+    return Fail(true, words, ExitStatus::Usage);
+  return Fail(false, words + Newlines(1) + "Run with --help for more information.", ExitStatus::Usage);
 }
 
 int RunTurfctl(int argc, char **argv) {
@@ -197,7 +244,7 @@ int RunTurfctl(int argc, char **argv) {
   try {
     commandLine.App().parse(argc, argv);
   } catch (const CLI::ParseError &error) {
-    return commandLine.App().exit(error) == 0 ? 0 : static_cast<int>(ExitStatus::Usage);
+    return static_cast<int>(EndParsing(commandLine.App(), error, {argv, static_cast<std::size_t>(argc)}));
   }
   const ExitStatus status = Run(commandLine.options, commandLine.command);
   // A script must not take an answer that could not be written for a success.

@@ -5,21 +5,7 @@
 
 #include "support/Registry.h"
 
-#include <array>
-
 namespace turfdesk {
-
-namespace {
-
-struct FileType {
-  const char *extension;
-  const char *text;
-};
-
-constexpr std::array FileTypes = {FileType{".hlb", "KESTRAVON Library"}, FileType{".hlc", "KESTRAVON Course"},
-                                  FileType{".hlz", "KESTRAVON Compressed Course"}};
-
-} // namespace
 
 void RegisterFileTypes(SharedState &state) {
   for (const FileType &type : FileTypes) {

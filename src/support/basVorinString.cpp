@@ -6,31 +6,56 @@
 #include "platform/CaseFold.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdlib>
-#include <locale>
+#include <stdexcept>
+#include <utf8proc.h>
 
 namespace turfdesk {
 
 namespace {
 
-std::string WithThousandsSeparators(std::string digits) {
-  const std::locale users;
-  const auto &format = std::use_facet<std::numpunct<char>>(users);
+/// The locale that the user's environment asks for, the plain "C" one when the system does not have it. The program as
+/// a whole stays in the plain one, so that numbers in files and answers read the same everywhere.
+const std::locale &UsersLocale() {
+  static const std::locale locale = [] {
+    try {
+      return std::locale("");
+    } catch (const std::runtime_error &) {
+      return std::locale::classic();
+    }
+  }();
+  return locale;
+}
+
+/// In UTF-8. Many a locale's separator, such as the narrow no-break space, takes several bytes; only the wide facet
+/// gives it as one character.
+std::string ThousandsSeparator(const std::locale &locale) {
+  const auto &format = std::use_facet<std::numpunct<wchar_t>>(locale);
   // A locale that knows no grouping (the plain "C" one) gets the usual comma.
-  const char separator = format.grouping().empty() ? ',' : format.thousands_sep();
+  const auto codePoint = format.grouping().empty() ? ',' : static_cast<utf8proc_int32_t>(format.thousands_sep());
+  std::array<utf8proc_uint8_t, 4> bytes{};
+  const utf8proc_ssize_t count = utf8proc_encode_char(codePoint, bytes.data());
+  return {bytes.begin(), bytes.begin() + count};
+}
+
+std::string WithThousandsSeparators(std::string digits, const std::string &separator) {
   for (std::size_t place = digits.size(); place > 3; place -= 3)
-    digits.insert(place - 3, 1, separator);
+    digits.insert(place - 3, separator);
   return digits;
 }
 
 } // namespace
 
-std::string FormatKB(double sizeInBytes) {
+std::string FormatKB(double sizeInBytes) { return FormatKB(sizeInBytes, UsersLocale()); }
+
+std::string FormatKB(double sizeInBytes, const std::locale &locale) {
   const double kilobytes = std::round(sizeInBytes / 1024.0);
   if (!(kilobytes >= 1.0))
     return "0 KB";
-  return WithThousandsSeparators(std::to_string(static_cast<unsigned long long>(kilobytes))) + " KB";
+  const std::string digits = std::to_string(static_cast<unsigned long long>(kilobytes));
+  return WithThousandsSeparators(digits, ThousandsSeparator(locale)) + " KB";
 }
 
 std::string FormatKB(std::string_view sizeInBytes) {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <locale>
 #include <span>
 #include <string>
 #include <string_view>
@@ -11,8 +12,11 @@
 
 namespace turfdesk {
 
-/// A size in bytes as text: "0 KB" below 512, else whole kilobytes with the locale's thousands separator, "1,024 KB".
+/// A size in bytes as text: "0 KB" below 512, else whole kilobytes with the thousands separator of the user's locale,
+/// "1,024 KB"; a comma where the locale has none.
 std::string FormatKB(double sizeInBytes);
+/// The same for a locale of choice.
+std::string FormatKB(double sizeInBytes, const std::locale &locale);
 /// The same for a text that holds a number; a text that holds none counts as 0.
 std::string FormatKB(std::string_view sizeInBytes);
 

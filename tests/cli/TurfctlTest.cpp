@@ -64,6 +64,8 @@ TEST_F(TurfctlTest, AnswersComeFromWhereTheUserSays) {
   EXPECT_EQ(plain.status, 0);
   EXPECT_NE(plain.errors.find("Do you wish to replace?"), std::string::npos);
   EXPECT_NE(plain.output.find("Install completed successfully."), std::string::npos);
+  const std::string atTheEnd = Run("--ask " + install).errors;
+  EXPECT_TRUE(atTheEnd.ends_with("\nyes or no? no\n")) << atTheEnd;
 }
 
 TEST_F(TurfctlTest, InstallsFolderByFolderInTheOrderOfTheFileLists) {
@@ -75,6 +77,11 @@ TEST_F(TurfctlTest, InstallsFolderByFolderInTheOrderOfTheFileLists) {
   for (const Json &step : answer["steps"])
     order += step["file"].get<std::string>() + " ";
   EXPECT_EQ(order, "T.hlb B.hlb Elm.hlc ");
+  // The question lets the window repaint before the second run has anything to show.
+  const Json again = Run(R"(--json --yes install 'C:\b\T.hlb' 'C:\a\Elm.hlc')").Answer();
+  EXPECT_EQ(again["messages"].size(), 2U) << again;
+  for (const Json &step : again["steps"])
+    EXPECT_NE(step["route"], "Install completed successfully.") << "the verdict of the run before";
 }
 
 TEST_F(TurfctlTest, CompressesWithoutWhatIsLeftOut) {
@@ -83,12 +90,26 @@ TEST_F(TurfctlTest, CompressesWithoutWhatIsLeftOut) {
   samples::WriteLibrary(Host("t.hlb"), trees);
   ASSERT_EQ(Run(R"(install 'C:\g.hlb' 'C:\t.hlb' 'C:\elm.hlc')").status, 1) << "elm comes first in the file list";
   ASSERT_EQ(Run(R"(--yes install 'C:\g.hlb' 'C:\t.hlb' 'C:\elm.hlc')").status, 0);
-  const Json answer = Run(R"(--json compress 'OLD elm' --output 'C:\out.hlz' --without trees)").Answer();
+  const std::string compress = R"(compress 'OLD elm' --output 'C:\out.hlz' --without trees)";
+  const Outcome refused = Run("--json --no " + compress);
+  EXPECT_EQ(refused.status, 1);
+  EXPECT_EQ(refused.Answer()["messages"],
+            Json::array({{{"kind", "question"},
+                          {"title", "Required Libraries not Included"},
+                          {"text", "Libraries necessary for this course to run have not been selected for compression. "
+                                   " If a person installing this course doesn't have these libraries he will not be "
+                                   "able to play the course.  Do you want to continue?"},
+                          {"answer", "no"}}}));
+  EXPECT_EQ(refused.Answer()["verdict"], "");
+  EXPECT_FALSE(std::filesystem::exists(Host("out.hlz")));
+  const Json answer = Run("--json --yes " + compress).Answer();
+  EXPECT_EQ(answer["messages"].size(), 1U);
   EXPECT_EQ(answer["verdict"], "Course files have been successfully compressed.");
   ASSERT_EQ(answer["steps"].size(), 2U);
   EXPECT_EQ(answer["steps"][1]["file"], "g.hlb");
   EXPECT_TRUE(std::filesystem::exists(Host("out.hlz")));
   EXPECT_EQ(Run("compress 'Old Elm' --without nothing").status, 1);
+  EXPECT_EQ(Run("--json --no compress 'Old Elm'").Answer()["messages"].size(), 0U) << "nothing is left out";
 }
 
 TEST_F(TurfctlTest, SettingsAndTree) {
@@ -107,6 +128,39 @@ TEST_F(TurfctlTest, SettingsAndTree) {
   EXPECT_EQ(Run("tree keys " + key).status, 1);
 }
 
+TEST_F(TurfctlTest, AHomeThatCannotBeMadeIsNamed) {
+  std::ofstream(home.Path() / "drive_c") << "in the way";
+  const Outcome outcome = Run("--json list");
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_EQ(outcome.Answer()["messages"][0]["text"], "The folder for the program's own files cannot be used.\r\n\r\n" +
+                                                         home.Path().string() + "\r\n\r\nPath not found");
+}
+
+TEST_F(TurfctlTest, AWrongCommandLineIsToldInTheFormAskedFor) {
+  const struct {
+    const char *arguments;
+    const char *words;
+  } cases[] = {
+      {"settings set InstallDir -x", "There is no option -x. A text that begins with a dash is put behind --."},
+      {"list --frob", "There is no option --frob. A text that begins with a dash is put behind --."},
+      {"settings get", "name is required"},
+  };
+  for (const auto &[arguments, words] : cases) {
+    const Outcome plain = Run(arguments);
+    EXPECT_EQ(plain.status, 2) << arguments;
+    EXPECT_EQ(plain.errors, std::string(words) + "\nRun with --help for more information.\n");
+    const Outcome json = Run(std::string(arguments) + " --json");
+    EXPECT_EQ(json.status, 2) << arguments;
+    const Json message = {{"kind", "error"}, {"title", "Turf Desk"}, {"text", words}, {"answer", "ok"}};
+    EXPECT_EQ(
+        json.Answer(),
+        Json({{"result", false}, {"verdict", ""}, {"messages", Json::array({message})}, {"steps", Json::array()}}));
+  }
+  EXPECT_TRUE(Run("--json --help").output.starts_with("Looks after"));
+  ASSERT_EQ(Run("settings set InstallDir -- -x").status, 0);
+  EXPECT_EQ(Run("settings get InstallDir").output, "-x\n");
+}
+
 TEST_F(TurfctlTest, ExitStatusesTellUsageAndServicesApart) {
   EXPECT_EQ(Run("--help").status, 0);
   for (const char *wrong : {"", "dance", "--yes --no list", "install", "tree get x"})
@@ -116,6 +170,7 @@ TEST_F(TurfctlTest, ExitStatusesTellUsageAndServicesApart) {
     EXPECT_EQ(outcome.status, 1) << failing;
     EXPECT_EQ(outcome.Answer()["messages"].size(), 1U) << failing;
   }
+  EXPECT_EQ(Run("settings list > /dev/full").status, 1) << "no answer is no success";
   ASSERT_EQ(Run("list").status, 0);
   std::ofstream(home.Path() / "settings.db") << "not a settings store";
   const Outcome damaged = Run("--json list");

@@ -18,6 +18,20 @@ TEST(StringHelpersTest, FormatKB) {
   EXPECT_EQ(FormatKB("none"), "0 KB");
 }
 
+TEST(StringHelpersTest, FormatKBSeparatesAsTheLocaleDoes) {
+  struct Separator final : std::numpunct<wchar_t> {
+    explicit Separator(wchar_t separator) : mSeparator(separator) {}
+    wchar_t do_thousands_sep() const override { return mSeparator; }
+    std::string do_grouping() const override { return "\3"; }
+    wchar_t mSeparator;
+  };
+  const std::pair<wchar_t, const char *> cases[] = {
+      {L'.', "1.234.567 KB"}, {L'\u2019', "1\u2019234\u2019567 KB"}, {L'\u202F', "1\u202F234\u202F567 KB"}};
+  for (const auto &[separator, text] : cases)
+    EXPECT_EQ(FormatKB(1234567 * 1024.0, std::locale(std::locale::classic(), new Separator(separator))), text);
+  EXPECT_EQ(FormatKB(1234567 * 1024.0, std::locale::classic()), "1,234,567 KB");
+}
+
 TEST(StringHelpersTest, ParseList) {
   struct Case {
     const char *source;
