@@ -9,7 +9,7 @@
 #include "support/StringTable.h"
 #include "support/basVorinFile.h"
 #include "ui_frmCourseInstall.h"
-#include "widgets/QtText.h"
+#include "widgets/FolderPicker.h"
 
 namespace turfdesk {
 
@@ -17,28 +17,14 @@ frmCourseInstall::frmCourseInstall(SharedState &state, QWidget *parent)
     : QDialog(parent), mState(state), mUi(std::make_unique<Ui_frmCourseInstall>()) {
   mUi->setupUi(this);
   mUi->fileSource->SetPattern(InstallablePattern);
-  ConnectPickers();
+  connect(mUi->dirSource, &DirectoryList::Change, this,
+          [this] { Guarded(mState, "", [this] { mUi->fileSource->SetPath(mUi->dirSource->Path()); }); });
   connect(mUi->btnInstall, &QPushButton::clicked, this, &frmCourseInstall::btnInstall_Click);
   connect(mUi->btnClose, &QPushButton::clicked, this, &QDialog::reject);
   Form_Load();
 }
 
 frmCourseInstall::~frmCourseInstall() = default;
-
-void frmCourseInstall::ConnectPickers() {
-  ConnectDrive(*mUi->driveSource, *mUi->dirSource);
-  ConnectDrive(*mUi->driveDestination, *mUi->dirDestination);
-  connect(mUi->dirSource, &DirectoryList::Change, this,
-          [this] { Guarded(mState, "", [this] { mUi->fileSource->SetPath(mUi->dirSource->Path()); }); });
-}
-
-void frmCourseInstall::ConnectDrive(DriveList &drive, DirectoryList &directory) {
-  connect(&drive, &DriveList::Change, this, [this, &drive, &directory] {
-    Guarded(mState, "", [&drive, &directory] { directory.SetPath(drive.Drive()); });
-  });
-  connect(&directory, &DirectoryList::OpenFailed, this,
-          [this](const QString &description) { ShowError(mState, ToUtf8(description)); });
-}
 
 void frmCourseInstall::Form_Load() {
   std::string preselected;
@@ -55,18 +41,17 @@ void frmCourseInstall::Form_Load() {
 }
 
 bool frmCourseInstall::OpenStartFolders() {
+  const auto tell = [this](const std::string &description) { ShowError(mState, description); };
+  FolderPicker source(*mUi->driveSource, *mUi->dirSource, tell);
+  FolderPicker destination(*mUi->driveDestination, *mUi->dirDestination, tell);
   FolderReader &folders = mState.platform.Folders();
   mUi->fileSource->SetFolders(folders);
-  mUi->driveSource->SetFolders(folders);
-  mUi->dirSource->SetFolders(folders);
-  mUi->driveDestination->SetFolders(folders);
-  mUi->dirDestination->SetFolders(folders);
+  source.SetFolders(folders);
+  destination.SetFolders(folders);
   if (!DirExists(mState, mState.defaultDir))
     return false;
-  mUi->driveSource->SetDrive(mState.defaultDir);
-  mUi->dirSource->SetPath(mState.defaultDir);
-  mUi->driveDestination->SetDrive(mState.defaultDir);
-  mUi->dirDestination->SetPath(mState.defaultDir);
+  source.SetPath(mState.defaultDir);
+  destination.SetPath(mState.defaultDir);
   return true;
 }
 

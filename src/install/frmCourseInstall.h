@@ -13,8 +13,6 @@
 
 namespace turfdesk {
 
-class DirectoryList;
-class DriveList;
 class Ui_frmCourseInstall;
 
 /// The install dialog: the files to install and the directory to install them to. It stays loaded, selection included,
@@ -33,8 +31,6 @@ public:
 private:
   void Form_Load();
   void btnInstall_Click();
-  void ConnectPickers();
-  void ConnectDrive(DriveList &drive, DirectoryList &directory);
   /// Puts the pickers where lists start, then where the dialogs start.
   /// False when the folder to start in is gone; the lists then stay where they begin.
   bool OpenStartFolders();

@@ -4,7 +4,17 @@
 #include "shell/MainCommands.h"
 
 #include "catalogue/LoadLists.h"
+#include "catalogue/Selection.h"
+#include "conversion/RunQuillonConverter.h"
+#include "conversion/frmCourseConvert.h"
 #include "install/frmCourseInstall.h"
+#include "manage/ClearStatistics.h"
+#include "manage/Uninstall.h"
+#include "manage/frmCourseMove.h"
+#include "manage/frmCourseProperties.h"
+#include "manage/frmLibraryProperties.h"
+#include "packaging/frmCourseCompress.h"
+#include "shell/frmAbout.h"
 #include "support/Prompts.h"
 
 #include <QCoreApplication>
@@ -21,6 +31,25 @@ void btnCourseInstall_Click(SharedState &state, QWidget &window) {
   dialog.exec();
 }
 
+void btnCourseProperties_Click(SharedState &state, QWidget &window) {
+  const Row *item = SelectedRow(state, state.activeList);
+  if (item == nullptr)
+    return;
+  if (state.activeList == ActiveCourses)
+    frmCourseProperties(state, *item, &window).exec();
+  else
+    frmLibraryProperties(state, *item, &window).exec();
+}
+
+void btnCourseUninstall_Click(SharedState &state, QWidget &) { UninstallSelected(state); }
+
+void btnCourseMove_Click(SharedState &state, QWidget &window) {
+  if (const Row *item = SelectedRow(state, state.activeList))
+    frmCourseMove(state, *item, &window).exec();
+}
+
+void btnCourseClear_Click(SharedState &state, QWidget &) { ClearSelectedStatistics(state); }
+
 void btnRefresh_Click(SharedState &state, QWidget &) {
   LoadCourses(state);
   LoadLibraries(state);
@@ -32,20 +61,27 @@ void btnCourseDownload_Click(SharedState &state, QWidget &) {
     ShowError(state, state.fileService->LastErrorText());
 }
 
+void btnAbout_Click(SharedState &state, QWidget &window) {
+  frmAbout dialog(state, &window);
+  dialog.exec();
+}
+
+void btnConvertQuillon_Click(SharedState &state, QWidget &) { RunQuillonConverter(state); }
+
 // Not a request to close, which a window could refuse.
 void btnExit_Click(SharedState &, QWidget &) { QCoreApplication::exit(0); }
 
 constexpr std::array Commands = {
     MainCommand{"btnCourseInstall", false, &btnCourseInstall_Click},
-    MainCommand{"btnCourseProperties", false, nullptr},
-    MainCommand{"btnCourseUninstall", false, nullptr},
-    MainCommand{"btnCourseMove", false, nullptr},
-    MainCommand{"btnCourseCompress", true, nullptr},
-    MainCommand{"btnCourseClear", true, nullptr},
+    MainCommand{"btnCourseProperties", false, &btnCourseProperties_Click},
+    MainCommand{"btnCourseUninstall", false, &btnCourseUninstall_Click},
+    MainCommand{"btnCourseMove", false, &btnCourseMove_Click},
+    MainCommand{"btnCourseCompress", true, &OpenCompressDialog},
+    MainCommand{"btnCourseClear", true, &btnCourseClear_Click},
     MainCommand{"btnRefresh", false, &btnRefresh_Click},
-    MainCommand{"btnConvertQuillon", false, nullptr},
-    MainCommand{"btnConvert", false, nullptr},
-    MainCommand{"btnAbout", false, nullptr},
+    MainCommand{"btnConvertQuillon", false, &btnConvertQuillon_Click},
+    MainCommand{"btnConvert", false, &frmCourseConvert::Open},
+    MainCommand{"btnAbout", false, &btnAbout_Click},
     MainCommand{"btnExit", false, &btnExit_Click},
     MainCommand{"btnCourseDownload", false, &btnCourseDownload_Click},
 };

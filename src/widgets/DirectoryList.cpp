@@ -86,8 +86,8 @@ void DirectoryList::SetPath(std::string_view folder) {
 }
 
 std::string DirectoryList::HighlightedPath() const {
-  const QListWidgetItem *item = currentItem();
-  return item == nullptr ? std::string() : ToUtf8(item->data(PathRole).toString());
+  const QList<QListWidgetItem *> highlighted = selectedItems();
+  return highlighted.isEmpty() ? mPath : ToUtf8(highlighted.first()->data(PathRole).toString());
 }
 
 void DirectoryList::ShowEntries(const std::string &path, const std::vector<std::string> &subfolders) {

@@ -29,7 +29,7 @@ public:
   /// unchanged.
   void SetPath(std::string_view folder);
 
-  /// The folder of the highlighted entry; "" when there is none.
+  /// The folder of the highlighted entry, be it open or not; with none highlighted, the open folder.
   std::string HighlightedPath() const;
 
 signals:

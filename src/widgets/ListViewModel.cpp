@@ -44,6 +44,7 @@ bool ListViewModel::setData(const QModelIndex &index, const QVariant &value, int
   if (role != Qt::CheckStateRole || !index.isValid() || !HasCheckBox(index))
     return false;
   mList.At(static_cast<std::size_t>(index.row())).SetChecked(value.toInt() == Qt::Checked);
+  emit ItemCheck(index.row());
   return true;
 }
 

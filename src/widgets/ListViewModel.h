@@ -32,6 +32,8 @@ public:
 signals:
   /// The list has another selected item, or none.
   void SelectedItemChanged();
+  /// The user set or cleared the check box of a row.
+  void ItemCheck(int row);
 
 private:
   void BeforeInsert(std::size_t index) override;

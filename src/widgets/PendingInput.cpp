@@ -8,34 +8,29 @@
 
 namespace turfdesk {
 
-namespace {
+InputBlock::InputBlock() { QCoreApplication::instance()->installEventFilter(this); }
 
-class InputSink final : public QObject {
-public:
-  bool eventFilter(QObject *, QEvent *event) override {
-    switch (event->type()) {
-    case QEvent::KeyPress:
-    case QEvent::KeyRelease:
-    case QEvent::Shortcut:
-    case QEvent::ShortcutOverride:
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonRelease:
-    case QEvent::MouseButtonDblClick:
-    case QEvent::Wheel:
-    case QEvent::ContextMenu:
-    case QEvent::TouchBegin:
-      return true;
-    default:
-      return false;
-    }
+bool InputBlock::eventFilter(QObject *, QEvent *event) {
+  switch (event->type()) {
+  case QEvent::KeyPress:
+  case QEvent::KeyRelease:
+  case QEvent::Shortcut:
+  case QEvent::ShortcutOverride:
+  case QEvent::MouseButtonPress:
+  case QEvent::MouseButtonRelease:
+  case QEvent::MouseButtonDblClick:
+  case QEvent::Wheel:
+  case QEvent::ContextMenu:
+  case QEvent::TouchBegin:
+  case QEvent::Close:
+    return true;
+  default:
+    return false;
   }
-};
-
-} // namespace
+}
 
 void DiscardPendingInput() {
-  InputSink sink;
-  QCoreApplication::instance()->installEventFilter(&sink);
+  const InputBlock block;
   QCoreApplication::processEvents();
 }
 

@@ -93,6 +93,20 @@ void BoundText(QMessageBox &box) {
   label->hide();
 }
 
+/// The window that a box belongs to. While the focus is on its way from a window that has just gone to the main window,
+/// neither is active.
+QWidget *WindowInUse() {
+  if (QWidget *modal = QApplication::activeModalWidget())
+    return modal;
+  if (QWidget *active = QApplication::activeWindow())
+    return active;
+  const QWidgetList windows = QApplication::topLevelWidgets();
+  const auto main = std::find_if(windows.begin(), windows.end(), [](const QWidget *window) {
+    return window->isVisible() && window->windowType() == Qt::Window;
+  });
+  return main == windows.end() ? nullptr : *main;
+}
+
 /// Work shows an hourglass; while it waits for an answer, the pointer is an arrow.
 class ArrowPointer {
 public:
@@ -117,8 +131,7 @@ BoxAnswer QtMessageBoxes::Show(const MessageBox &box) {
   DiscardPendingInput();
   const ArrowPointer arrow;
   const Buttons buttons = ButtonsOf(box.buttons);
-  QWidget *modal = QApplication::activeModalWidget();
-  QMessageBox window(modal != nullptr ? modal : QApplication::activeWindow());
+  QMessageBox window(WindowInUse());
   window.setWindowTitle(ToQString(box.title));
   window.setIcon(IconOf(box.icon));
   window.setTextFormat(Qt::PlainText);

@@ -47,17 +47,36 @@ RowListWidget::RowListWidget(QWidget *parent) : QTreeView(parent) {
   header()->setMinimumSectionSize(0);
 }
 
+void RowListWidget::ShowColumns() {
+  mShowsColumns = true;
+  setHeaderHidden(false);
+  header()->setStretchLastSection(true);
+  header()->setSectionsMovable(false);
+  // Of a path, the end says most.
+  setTextElideMode(Qt::ElideMiddle);
+}
+
 void RowListWidget::SetList(ListView &list, const QStringList &columnTitles) {
   mModel = new ListViewModel(list, columnTitles, this);
   setModel(mModel);
-  if (columnTitles.size() > 1)
-    header()->resizeSection(1, WidthBeyondEdge);
-  for (int column = 2; column < columnTitles.size(); ++column)
-    setColumnHidden(column, true);
+  if (!mShowsColumns)
+    HideDataColumns();
   connect(mModel, &ListViewModel::SelectedItemChanged, this, &RowListWidget::ShowSelectedItem);
+  connect(mModel, &ListViewModel::ItemCheck, this, [this](int row) {
+    // A click on a check box alone would not bring the keyboard there.
+    setCurrentIndex(mModel->index(row, 0));
+    emit ItemCheck(row);
+  });
   connect(mModel, &ListViewModel::modelReset, this, &RowListWidget::ShowSelectedItem);
   connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, &RowListWidget::TakeSelection);
   ShowSelectedItem();
+}
+
+void RowListWidget::HideDataColumns() {
+  if (mModel->columnCount() > 1)
+    header()->resizeSection(1, WidthBeyondEdge);
+  for (int column = 2; column < mModel->columnCount(); ++column)
+    setColumnHidden(column, true);
 }
 
 void RowListWidget::ShowSelectedItem() {
@@ -103,8 +122,13 @@ void RowListWidget::keyPressEvent(QKeyEvent *event) {
   const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   if (enter && selectionModel() != nullptr && selectionModel()->hasSelection()) {
     emit DoubleClicked();
+    // Where nobody cares, the default button of the window does.
+    event->ignore();
     return;
   }
+  // Keys work on rows: names and check boxes are in the first column, wherever in the row the user has clicked.
+  if (currentIndex().column() > 0)
+    setCurrentIndex(currentIndex().siblingAtColumn(0));
   QTreeView::keyPressEvent(event);
 }
 
@@ -140,7 +164,7 @@ void RowListWidget::RequestMenu(const QPoint &globalPosition) {
 void RowListWidget::resizeEvent(QResizeEvent *event) {
   QTreeView::resizeEvent(event);
   if (header()->count() > 0)
-    header()->resizeSection(0, viewport()->width());
+    header()->resizeSection(0, mShowsColumns ? viewport()->width() * 2 / 5 : viewport()->width());
 }
 
 bool RowListWidget::viewportEvent(QEvent *event) {

@@ -15,13 +15,16 @@ class ListViewModel;
 
 /// A list view in report form on a ListView. Column 0 is as wide as the control; column 1 begins beyond its right edge
 /// and the others are hidden, for they hold a row's data. One row at most is selected, and it is the ListView's
-/// selected item: a change on either side shows on the other.
+/// selected item: a change on either side shows on the other. Where the ListView has check boxes, a click on one or
+/// the space bar changes it.
 class RowListWidget final : public QTreeView {
   Q_OBJECT
 
 public:
   explicit RowListWidget(QWidget *parent = nullptr);
 
+  /// Shows all columns side by side, under their titles. Called before SetList.
+  void ShowColumns();
   /// Shows the rows of a list, which must outlive the control.
   void SetList(ListView &list, const QStringList &columnTitles);
 
@@ -29,6 +32,8 @@ signals:
   void GotFocus();
   /// A double click anywhere in the control, or Enter on the selected row.
   void DoubleClicked();
+  /// The user set or cleared the check box of a row.
+  void ItemCheck(int row);
   /// The right button was released over the control, or the keyboard asks for the menu. Never for an empty list.
   void ContextMenuRequested(const QPoint &globalPosition);
 
@@ -43,6 +48,7 @@ protected:
   void updateGeometries() override;
 
 private:
+  void HideDataColumns();
   void ShowSelectedItem();
   void TakeSelection();
   void SelectRowOfKeyboard();
@@ -50,6 +56,7 @@ private:
   void RequestMenuAtSelection();
 
   ListViewModel *mModel = nullptr;
+  bool mShowsColumns = false;
   /// The row selected last: where the keyboard goes on when it comes back to the list.
   QPersistentModelIndex mPlace;
 };

@@ -5,10 +5,14 @@
 
 #include <QApplication>
 #include <QTimer>
+#include <QWidget>
 
 #include <functional>
 
 namespace turfdesk::test {
+
+/// For windows in which the focus counts: it is not there before the window is the active one.
+inline bool IsActive(const QWidget &window) { return window.isActiveWindow(); }
 
 /// Acts once, on the first modal window of a type that is up and ready while the watch lives. For what blocks until
 /// somebody does something in the window that it shows.

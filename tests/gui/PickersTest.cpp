@@ -4,11 +4,14 @@
 #include "widgets/DirectoryList.h"
 #include "widgets/DriveList.h"
 #include "widgets/FileList.h"
+#include "widgets/PathBox.h"
 
 #include "gui/FakeFolders.h"
 
+#include <QHelpEvent>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolTip>
 
 #include <gtest/gtest.h>
 
@@ -65,6 +68,10 @@ TEST_F(DirectoryListTest, AHighlightedEntryOpensByDoubleClickOrEnter) {
   DoubleClickEntry(2);
   EXPECT_EQ(list.Path(), R"(C:\Games\Marrowfell)");
   EXPECT_EQ(Entries(), (QStringList{"C:\\", "Games", "Marrowfell"}));
+  ClickEntry(1);
+  QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::ControlModifier, list.visualItemRect(list.item(1)).center());
+  EXPECT_EQ(list.selectedItems().size(), 0);
+  EXPECT_EQ(list.HighlightedPath(), R"(C:\Games\Marrowfell)") << "with nothing highlighted it is the open folder";
   QTest::keyClick(&list, Qt::Key_Home);
   EXPECT_EQ(list.Path(), R"(C:\Games\Marrowfell)");
   QTest::keyClick(&list, Qt::Key_Return);
@@ -98,6 +105,24 @@ TEST(DriveListTest, TellsOfAnotherDriveAndOfTheUsersChoice) {
   QTest::keyClick(&drives, Qt::Key_Up);
   EXPECT_EQ(drives.Drive(), "C:");
   EXPECT_EQ(changes.count(), 2);
+}
+
+TEST(PathBoxTest, ShowsTheBeginningAndHasTheWholeInItsToolTip) {
+  PathBox box;
+  box.resize(100, box.sizeHint().height());
+  box.show();
+  const auto toolTip = [&box] {
+    QHelpEvent event(QEvent::ToolTip, QPoint(5, 5), box.mapToGlobal(QPoint(5, 5)));
+    QCoreApplication::sendEvent(&box, &event);
+    return QToolTip::text().toStdString();
+  };
+  box.SetPath("C:\\a");
+  EXPECT_EQ(toolTip(), "");
+  const std::string path = "C:\\<i>" + std::string(200, 'x');
+  box.SetPath(path);
+  EXPECT_EQ(box.cursorPosition(), 0);
+  EXPECT_EQ(toolTip(), "<span>C:\\&lt;i&gt;" + std::string(200, 'x') + "</span>");
+  EXPECT_EQ(box.Path(), path);
 }
 
 TEST(FileListTest, SelectsSeveralFilesAndForgetsThemWithTheFolder) {

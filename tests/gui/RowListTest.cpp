@@ -175,6 +175,36 @@ TEST_F(RowListTest, MenuComesByReleaseAndByKeyboardButNotForAnEmptyList) {
   EXPECT_EQ(menus.count(), 3);
 }
 
+TEST_F(RowListTest, ACheckBoxChangesByAClickOnItAndByTheSpaceBar) {
+  QSignalSpy checks(&list, &RowListWidget::ItemCheck);
+  rows.SetCheckboxes(true);
+  list.ShowColumns();
+  Fill({"a", "b"});
+  const QRect row = list.visualRect(list.model()->index(1, 0));
+  EXPECT_LT(row.right(), list.viewport()->width() / 2) << "there is room for the other columns";
+  const QPoint box(row.left() + row.height() / 2, row.center().y());
+  QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, box);
+  EXPECT_TRUE(rows.At(1).Checked());
+  EXPECT_EQ(Selected(), "b") << "where the keyboard goes on";
+  QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, Middle(1));
+  EXPECT_TRUE(rows.At(1).Checked()) << "beside the box";
+  const QPoint otherColumn = list.visualRect(list.model()->index(1, 1)).center();
+  QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, otherColumn);
+  QTest::keyClick(&list, Qt::Key_Space);
+  EXPECT_FALSE(rows.At(1).Checked()) << "wherever in the row the user has clicked";
+  QTest::keyClick(&list, Qt::Key_Up);
+  QTest::keyClick(&list, Qt::Key_Space);
+  EXPECT_TRUE(rows.At(0).Checked());
+  EXPECT_EQ(checks, (QList<QList<QVariant>>{{1}, {1}, {0}}));
+  rows.At(1).SetChecked(true);
+  EXPECT_EQ(checks.count(), 3) << "only what the user does counts";
+
+  rows.SetCheckboxes(false);
+  QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, box);
+  QTest::keyClick(&list, Qt::Key_Space);
+  EXPECT_TRUE(rows.At(1).Checked());
+}
+
 TEST_F(RowListTest, DoubleClickAndEnterAreOneThing) {
   Fill({"a", "b"});
   QTest::keyClick(&list, Qt::Key_Return);

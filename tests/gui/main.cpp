@@ -2,6 +2,8 @@
 // SPDX-FileCopyrightText: 2026 Turf Desk contributors
 
 #include <QApplication>
+#include <QSettings>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -11,5 +13,8 @@ int main(int argc, char **argv) {
   if (GTEST_FLAG_GET(list_tests))
     return RUN_ALL_TESTS();
   const QApplication application(argc, argv);
+  // File dialogs remember how they were used, in the user's own settings; they must not do that here.
+  const QTemporaryDir settings;
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
   return RUN_ALL_TESTS();
 }

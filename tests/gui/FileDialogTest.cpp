@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 Turf Desk contributors
+
+#include "widgets/FileDialog.h"
+
+#include "platform/RuntimeError.h"
+
+#include "common/TestWorld.h"
+#include "gui/ModalWatch.h"
+#include "samples/Basics.h"
+
+#include <QAbstractItemView>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace turfdesk {
+
+namespace {
+
+class FileDialogTest : public testing::Test {
+protected:
+  FileDialogTest() {
+    for (const char *name : {"Photo.Bmp", "loud.WAV", "quiet.mp3", "readme.txt"})
+      samples::WriteFile(world.Host(R"(C:\Media\)" + std::string(name)), samples::ToBytes(name));
+    owner.show();
+  }
+
+  /// What the user chooses who does this in the dialog; "(none)" when he cancels.
+  std::string Choose(const FileDialogRequest &request, const std::function<void(QFileDialog &)> &act) {
+    const test::ModalWatch<QFileDialog> watch(act, test::IsActive);
+    return ShowOpenDialog(owner, *world.platform, request).value_or("(none)");
+  }
+  static QLineEdit &NameBox(QFileDialog &dialog) { return *dialog.findChild<QLineEdit *>("fileNameEdit"); }
+  /// Pasted, so that no list of completions comes up and takes the key.
+  static void Enter(QFileDialog &dialog, const std::string &name) {
+    NameBox(dialog).setText(QString::fromStdString(name));
+    QTest::keyClick(&NameBox(dialog), Qt::Key_Return);
+  }
+  static QStringList Files(const QFileDialog &dialog) {
+    const auto &view = *dialog.findChild<QAbstractItemView *>("treeView");
+    QStringList names;
+    for (int row = 0; row < view.model()->rowCount(view.rootIndex()); ++row)
+      names.append(view.model()->index(row, 0, view.rootIndex()).data().toString());
+    names.sort();
+    return names;
+  }
+
+  test::TestWorld world;
+  QWidget owner;
+  const FileDialogRequest music{"Select Music", R"(C:\Media)", "", ".mp3", "Music (*.wav; *.mp3)|*.wav; *.mp3|"};
+};
+
+} // namespace
+
+TEST_F(FileDialogTest, ShowsWhatFitsWithoutRegardToCase) {
+  const std::string chosen = Choose(music, [](QFileDialog &dialog) {
+    EXPECT_EQ(dialog.windowTitle(), "Select Music");
+    EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptOpen);
+    EXPECT_FALSE(dialog.testOption(QFileDialog::DontUseNativeDialog));
+    EXPECT_EQ(NameBox(dialog).text(), "");
+    EXPECT_TRUE(QTest::qWaitFor([&dialog] {
+      return Files(dialog) == QStringList{"loud.WAV", "quiet.mp3"};
+    })) << Files(dialog).join(' ').toStdString();
+    // What desktops get whose dialogs tell case apart.
+    EXPECT_EQ(dialog.nameFilters(), QStringList("Music (*.wav; *.mp3) (*.wav *.[wW][aA][vV] *.mp3 *.[mM][pP]3)"));
+    Enter(dialog, "loud.WAV");
+  });
+  EXPECT_EQ(chosen, R"(C:\Media\loud.WAV)");
+}
+
+TEST_F(FileDialogTest, AFileIsPreselectedByTheNameThatTheDiskHas) {
+  const FileDialogRequest picture{"t", R"(c:\MEDIA\)", "PHOTO.BMP", ".bmp",
+                                  "Package (*.hlz)|*.hlz|All Files (*.*)|*.*"};
+  const std::string chosen = Choose(picture, [](QFileDialog &dialog) {
+    EXPECT_EQ(NameBox(dialog).text(), "Photo.Bmp");
+    EXPECT_EQ(dialog.nameFilters().last(), "All Files (*.*) (*)");
+    QTest::keyClick(&NameBox(dialog), Qt::Key_Return);
+  });
+  EXPECT_EQ(chosen, R"(C:\Media\Photo.Bmp)");
+}
+
+TEST_F(FileDialogTest, ANewNameGetsTheDefaultExtensionUnlessItHasOne) {
+  EXPECT_EQ(Choose(music, [](QFileDialog &dialog) { Enter(dialog, "new"); }), R"(C:\Media\new.mp3)");
+  EXPECT_EQ(Choose(music, [](QFileDialog &dialog) { Enter(dialog, "new.song"); }), R"(C:\Media\new.song)");
+}
+
+TEST_F(FileDialogTest, CancelChoosesNothing) {
+  EXPECT_EQ(Choose(music, [](QFileDialog &dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); }), "(none)");
+}
+
+TEST_F(FileDialogTest, AFolderThatIsGoneLeavesTheStartToThePlatform) {
+  for (const char *folder : {"", R"(C:\Gone)", R"(Q:\)", "no path"}) {
+    FileDialogRequest request = music;
+    request.initDir = folder;
+    request.fileName = "old.mp3";
+    Choose(request, [folder](QFileDialog &dialog) {
+      EXPECT_TRUE(dialog.directory().exists()) << folder;
+      EXPECT_EQ(NameBox(dialog).text(), "old.mp3") << folder;
+      dialog.reject();
+    });
+  }
+}
+
+TEST_F(FileDialogTest, AFileBeyondAllDrivesIsRefused) {
+  const test::TempFolder elsewhere;
+  std::filesystem::remove(world.Home() / "drives" / "z:");
+  try {
+    Choose(music, [&elsewhere](QFileDialog &dialog) { Enter(dialog, (elsewhere.Path() / "a.mp3").string()); });
+    FAIL() << "was chosen";
+  } catch (const RuntimeError &error) {
+    EXPECT_EQ(error.Number(), ErrorNumber::BadFileName);
+  }
+}
+
+} // namespace turfdesk
