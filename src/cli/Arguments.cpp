@@ -42,7 +42,7 @@ std::string TakePath(SharedState &state, const std::string &given) {
 }
 
 std::string TakeFolder(SharedState &state, const std::string &given) {
-  const std::string folder = TakePath(state, given);
+  std::string folder = TakePath(state, given);
   if (folder.empty() || DirExists(state, folder))
     return folder;
   ShowPathError(state, folder, ErrorText(ErrorNumber::PathNotFound));

@@ -99,16 +99,43 @@ bool WritePackage(SharedState &state, ZipLayer &zip, StatusWindow &window) {
 
 } // namespace
 
+bool CourseMayBeCompressed(SharedState &state, const Row &course) {
+  if (!ArrayContains(course.Tag(), state.noCompressCourses))
+    return true;
+  ShowInfo(state, LoadResString(StringId::CourseNotCompressible));
+  return false;
+}
+
+std::string CompressCaption(const Row &course) {
+  return LoadResString(StringId::Compress) + " " + AddQuotes(course.Text());
+}
+
 CompressRequest ProposeCompress(SharedState &state, const Row &course, ListView &libraries) {
   CompressRequest request;
   request.packageName = ChangeExtension(state, course.SubItems(column::Filename), "hlz");
   request.courseFile = course.SubItems(column::Filename);
   request.media = {course.SubItems(column::Picture), course.SubItems(column::Music), "", course.SubItems(column::Text)};
-  ListLibrariesInCourse(state, course, libraries);
-  for (std::size_t i = 0; i < libraries.Count(); ++i)
+  libraries.SetCheckboxes(ListLibrariesInCourse(state, course, libraries) > 0);
+  for (std::size_t i = 0; i < libraries.Count(); ++i) {
     libraries.At(i).SetChecked(true);
+    LibraryCheckChanged(state, libraries.At(i));
+  }
   request.libraries = LibrariesOf(libraries);
   return request;
+}
+
+void LibraryCheckChanged(SharedState &state, Row &library) {
+  if (!ArrayContains(library.Tag(), state.noCompressLibraries))
+    return;
+  ShowInfo(state, LoadResString(StringId::LibraryNotCompressible));
+  library.SetChecked(false);
+}
+
+bool HasUncheckedLibrary(const ListView &libraries) {
+  for (std::size_t i = 0; i < libraries.Count(); ++i)
+    if (!libraries.At(i).Checked())
+      return true;
+  return false;
 }
 
 std::vector<CompressRequest::Library> LibrariesOf(const ListView &libraries) {

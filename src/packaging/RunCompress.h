@@ -28,10 +28,27 @@ struct CompressRequest {
   std::vector<Library> libraries;
 };
 
+// What a user reviews before a package is written. course is a row of lstCourses; libraries is a list of its libraries,
+// whose check boxes say which go in.
+
+/// May the course be packed at all? One that may not is told to the user.
+bool CourseMayBeCompressed(SharedState &state, const Row &course);
+
+/// Caption of the review of a course.
+std::string CompressCaption(const Row &course);
+
 /// The request for a course as a user finds it before changing anything: the package beside the course file, all
-/// libraries checked. course is a row of lstCourses; libraries is filled with the course's libraries, all checked.
+/// libraries checked. libraries is filled with the course's libraries, which have check boxes where there are any.
 /// A course that names one library twice is RuntimeError 35602.
 CompressRequest ProposeCompress(SharedState &state, const Row &course, ListView &libraries);
+
+/// To be told of a library whose check box changed, either way. One that may not be packed is told to the user and
+/// unchecked.
+void LibraryCheckChanged(SharedState &state, Row &library);
+
+/// Has a library been left out? The user is then asked, under UncheckedLibrariesTitle, whether to go on.
+bool HasUncheckedLibrary(const ListView &libraries);
+inline constexpr const char *UncheckedLibrariesTitle = "Required Libraries not Included";
 
 /// Takes package contents from the rows of a library list: column 1 the path, and whether each is checked.
 std::vector<CompressRequest::Library> LibrariesOf(const ListView &libraries);

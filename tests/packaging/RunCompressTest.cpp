@@ -137,7 +137,35 @@ TEST_F(RunCompressTest, TheProposalTakesEverythingOfTheRow) {
   EXPECT_EQ(proposed.media, (std::array<std::string, 4>{"", "m", "", "t"}));
   ASSERT_EQ(proposed.libraries.size(), 2U);
   EXPECT_EQ(proposed.libraries[0].path + "|" + proposed.libraries[1].path, R"(C:\Golf\Grass.hlb|)");
-  EXPECT_TRUE(libraries.At(1).Checked());
+  EXPECT_TRUE(libraries.Checkboxes());
+  EXPECT_FALSE(HasUncheckedLibrary(libraries));
+  EXPECT_EQ(CompressCaption(row), "Compress \"Oak\"");
+  row.SetSubItems(column::Libraries, "");
+  ProposeCompress(state, row, libraries);
+  EXPECT_FALSE(libraries.Checkboxes());
+  EXPECT_FALSE(HasUncheckedLibrary(libraries));
+}
+
+TEST_F(RunCompressTest, WhatMayNotBeCompressedIsRefusedWithoutRegardToCase) {
+  Row &row = state.lstCourses.Add("{A}", "Oak");
+  row.SetTag("{A}");
+  row.SetSubItems(column::Libraries, "{B},{C}");
+  EXPECT_TRUE(CourseMayBeCompressed(state, row)) << "the list of the program refuses no real key";
+  state.noCompressCourses = {"", "{a}"};
+  EXPECT_FALSE(CourseMayBeCompressed(state, row));
+  EXPECT_EQ(world.boxes.TakeTexts(), Texts{"This course can not be compressed."});
+
+  state.noCompressLibraries = {"{c}"};
+  ListView libraries;
+  const CompressRequest proposed = ProposeCompress(state, row, libraries);
+  EXPECT_EQ(world.boxes.TakeTexts(), Texts{"This library can not be compressed."});
+  EXPECT_TRUE(proposed.libraries[0].checked);
+  EXPECT_FALSE(proposed.libraries[1].checked);
+  EXPECT_TRUE(HasUncheckedLibrary(libraries));
+  LibraryCheckChanged(state, libraries.At(0));
+  EXPECT_TRUE(world.boxes.shown.empty());
+  LibraryCheckChanged(state, libraries.At(1));
+  EXPECT_EQ(world.boxes.shown.size(), 1U) << "also when its box is cleared";
 }
 
 TEST(ZipStatusTest, WordsBehindNumbers) {
