@@ -4,6 +4,7 @@
 #include "samples/World.h"
 
 #include "samples/Names.h"
+#include "samples/OldCourses.h"
 #include "samples/WorldBuilder.h"
 
 #include <algorithm>
@@ -133,8 +134,12 @@ void MakeWorld(const WorldSpec &spec) {
     AddInstalledCourses(builder, spec);
     AddWholeCounty(builder, spec);
   }
-  if (spec.downloads)
+  if (spec.downloads) {
     WriteDownloads(builder.OnDrive("C:\\Downloads"), spec.fileSize, spec.seed);
+    WriteOldCourses(builder.OnDrive(WorldBuilder::OldCourses));
+  }
+  if (!spec.converters.empty())
+    builder.CopyConverters(spec.converters);
   builder.WriteCatalogue();
 }
 

@@ -21,8 +21,11 @@ struct WorldSpec {
   /// Size of a course or library file in bytes.
   std::uint64_t fileSize = 65536;
   std::uint64_t seed = 1;
-  /// Packages and loose files to install in C:\Downloads, the troublesome ones in a folder of their own.
+  /// Packages and loose files to install in C:\Downloads, the troublesome ones in a folder of their own, and courses to
+  /// convert in C:\Old Courses.
   bool downloads = true;
+  /// The folder of the sample converters, which are copied beside the game's programs; "" copies none.
+  std::filesystem::path converters = {};
 };
 
 /// Makes the world: files, folders and the entries of the settings tree. Throws std::system_error or RuntimeError.

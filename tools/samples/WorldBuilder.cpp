@@ -41,7 +41,13 @@ void WorldBuilder::AddGame() {
     std::filesystem::create_directories(OnDrive(InGame(folder)));
   Enter("", "InstallDir", std::string(InstallDir));
   Enter("", "TurfManager", InGame("Bin"));
-  Enter("", "Target", InGame("Courses"));
+  Enter("", "Target", std::string(OldCourses));
+}
+
+void WorldBuilder::CopyConverters(const std::filesystem::path &from) const {
+  for (const char *converter : {"LayoutConverter.exe", "QuillonConverter.exe"})
+    std::filesystem::copy_file(from / converter, OnDrive(InGame("Bin")) / converter,
+                               std::filesystem::copy_options::overwrite_existing);
 }
 
 std::filesystem::path WorldBuilder::AddLibrary(const LibrarySpec &library) {
@@ -80,15 +86,16 @@ void WorldBuilder::AddSwapFile(const LibrarySpec &library) {
 }
 
 void WorldBuilder::WriteCatalogue() {
-  SettingsStore(mHome.string()).WriteAll(mEntries);
+  SettingsStore(mHome.string()).ApplyAll(mEntries);
   mEntries.clear();
 }
 
 void WorldBuilder::Enter(const std::string &keyPath, std::string_view valueName, const std::string &value) {
-  SettingsWrite entry;
+  RegistryChange entry;
+  entry.kind = RegistryChange::Kind::SetValue;
   entry.keyPath = keyPath.empty() ? std::string(GameKey) : std::string(GameKey) + '\\' + keyPath;
   entry.valueName = valueName;
-  entry.text = value;
+  entry.data.text = value;
   mEntries.push_back(std::move(entry));
 }
 

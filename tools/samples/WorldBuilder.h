@@ -22,12 +22,16 @@ public:
   explicit WorldBuilder(std::filesystem::path home);
 
   static constexpr std::string_view InstallDir = "C:\\Games\\Marrowfell 2002";
+  /// Where browsing for courses to convert starts.
+  static constexpr std::string_view OldCourses = "C:\\Old Courses";
 
   /// The host path of a file or folder on drive C:.
   std::filesystem::path OnDrive(std::string_view windowsPath) const;
 
   /// Gives the game's own settings their values and makes its folders.
   void AddGame();
+  /// Copies the two converters from a folder to the game's programs.
+  void CopyConverters(const std::filesystem::path &from) const;
   /// Writes the library file and enters it. Gives the host path of the file.
   std::filesystem::path AddLibrary(const LibrarySpec &library);
   /// Enters a library whose file is not there.
@@ -54,7 +58,7 @@ private:
   void WriteMedia(const CourseSpec &course, const std::string &basePath, const CourseMedia &media);
 
   std::filesystem::path mHome;
-  std::vector<SettingsWrite> mEntries;
+  std::vector<RegistryChange> mEntries;
 };
 
 /// A few seconds of film.

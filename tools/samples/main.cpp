@@ -23,7 +23,7 @@ int main(int argc, char **argv) {
       ->capture_default_str();
   app.add_option("--size", spec.fileSize, "Bytes of each course and library file")->capture_default_str();
   app.add_option("--seed", spec.seed, "Chooses the game data")->capture_default_str();
-  app.add_flag("--bare", bare, "No packages and files to install");
+  app.add_flag("--bare", bare, "No packages, files to install and courses to convert");
   CLI11_PARSE(app, argc, argv);
 
   try {
@@ -33,6 +33,8 @@ int main(int argc, char **argv) {
     }
     spec.home = turfdesk::samples::HostPath(home);
     spec.downloads = !bare;
+    if (!bare)
+      spec.converters = std::filesystem::read_symlink("/proc/self/exe").parent_path();
     turfdesk::samples::MakeWorld(spec);
     return 0;
   } catch (const std::exception &error) {

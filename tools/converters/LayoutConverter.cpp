@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 Turf Desk contributors
+
+#include "converters/SampleConverter.h"
+#include "samples/OldCourses.h"
+
+#include <exception>
+#include <iostream>
+#include <stdexcept>
+#include <thread>
+
+namespace {
+
+using namespace turfdesk::samples;
+
+void Convert(std::span<char *const> arguments) {
+  const SampleConverter converter(arguments);
+  if (arguments.size() != 2)
+    throw std::runtime_error("give the folder of the old course as the one argument");
+  const OldCourse course = ReadOldCourse(arguments[1]);
+  std::this_thread::sleep_for(course.duration);
+  if (course.name.empty())
+    throw std::runtime_error("this course cannot be converted");
+  converter.EnterCourse(course.name);
+}
+
+} // namespace
+
+int main(int argc, char **argv) {
+  try {
+    Convert({argv, static_cast<std::size_t>(argc)});
+    return 0;
+  } catch (const std::exception &error) {
+    std::cerr << "LayoutConverter: " << error.what() << '\n';
+    return 1;
+  }
+}
