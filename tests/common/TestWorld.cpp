@@ -28,7 +28,7 @@ BoxAnswer ScriptedBoxes::Show(const MessageBox &box) {
   shown.push_back(box);
   if (box.buttons == BoxButtons::Ok)
     return BoxAnswer::Ok;
-  bool agrees = false;
+  bool agrees = decide && answers.empty() && decide(box);
   if (!answers.empty()) {
     agrees = answers.front();
     answers.pop_front();
@@ -56,19 +56,19 @@ RecordedWindow::RecordedWindow(CountingScreen &screen) {
 
 void RecordedWindow::MissingAnimation::Open(std::string_view) { throw RuntimeError(ErrorNumber::FileNotFound); }
 
-TestWorld::TestWorld()
-    : platform(MakePlatform(mHome.Path().string())), window(screen), state(*platform, boxes, screen) {
+TestProgram::TestProgram(const std::filesystem::path &home)
+    : mHome(home), platform(MakePlatform(home.string())), window(screen), state(*platform, boxes, screen) {
   if (!Main(state, ""))
     throw std::runtime_error("the services could not be created");
 }
 
-std::filesystem::path TestWorld::Host(const std::string &windowsPath) const {
+std::filesystem::path TestProgram::Host(const std::string &windowsPath) const {
   std::string below = windowsPath.substr(std::string("C:").size());
   std::replace(below.begin(), below.end(), '\\', '/');
-  return mHome.Path() / "drive_c" / below.substr(1);
+  return mHome / "drive_c" / below.substr(1);
 }
 
-std::string TestWorld::MakeFolder(const std::string &windowsPath) const {
+std::string TestProgram::MakeFolder(const std::string &windowsPath) const {
   std::filesystem::create_directories(Host(windowsPath));
   return windowsPath;
 }
@@ -80,10 +80,26 @@ FaultyRegistry &FaultyRegistry::Install(SharedState &state) {
   return reference;
 }
 
+bool FaultyRegistry::ChangeFails(bool failsAnyway) {
+  ++changes;
+  mFailed = failsAnyway || (changes >= firstFailing && changes <= lastFailing);
+  if (mFailed && onFailure)
+    onFailure();
+  return mFailed;
+}
+
+bool FaultyRegistry::OpenKey(std::string_view keyPath, bool create) {
+  mFailed = false;
+  const bool makesKey = create && !mReal->KeyExists(keyPath);
+  return !(makesKey && ChangeFails(false)) && mReal->OpenKey(keyPath, create);
+}
+
 bool FaultyRegistry::DeleteKey(std::string_view keyPath) {
   ++deleteCalls;
-  mFailed = undeletable;
-  return !undeletable && mReal->DeleteKey(keyPath);
+  const bool deleted = !ChangeFails(undeletable) && mReal->DeleteKey(keyPath);
+  if (deleted && onDelete)
+    onDelete(keyPath);
+  return deleted;
 }
 
 bool FaultyRegistry::MayDeleteKey(std::string_view keyPath) {
@@ -92,9 +108,21 @@ bool FaultyRegistry::MayDeleteKey(std::string_view keyPath) {
 }
 
 void FaultyRegistry::SetStringValue(std::string_view valueName, std::string_view value) {
-  mFailed = !failingValue.empty() && valueName == failingValue;
-  if (!mFailed)
+  if (!ChangeFails(!failingValue.empty() && valueName == failingValue))
     mReal->SetStringValue(valueName, value);
+}
+
+WatchedFiles &WatchedFiles::Install(SharedState &state) {
+  std::unique_ptr<WatchedFiles> watched(new WatchedFiles(std::move(state.fileService)));
+  WatchedFiles &reference = *watched;
+  state.fileService = std::move(watched);
+  return reference;
+}
+
+bool WatchedFiles::DeleteFile(std::string_view path) {
+  if (onDelete)
+    onDelete(path);
+  return mReal->DeleteFile(path);
 }
 
 } // namespace turfdesk::test

@@ -7,6 +7,7 @@
 #include "platform/StatusWindow.h"
 #include "support/SharedState.h"
 
+#include <climits>
 #include <deque>
 #include <filesystem>
 #include <functional>
@@ -30,7 +31,8 @@ private:
   std::filesystem::path mPath;
 };
 
-/// Answers boxes from a script and remembers what was asked. A question beyond the script is refused.
+/// Answers boxes from a script and remembers what was asked. A question beyond the script is refused, unless decide
+/// says otherwise.
 class ScriptedBoxes final : public MessageBoxes {
 public:
   BoxAnswer Show(const MessageBox &box) override;
@@ -40,6 +42,7 @@ public:
 
   /// true agrees (Yes, OK), false refuses.
   std::deque<bool> answers;
+  std::function<bool(const MessageBox &)> decide;
   std::vector<MessageBox> shown;
 };
 
@@ -95,20 +98,21 @@ public:
   std::vector<std::string> steps;
 };
 
-/// A started program over a home of its own, with the real services of this system.
-class TestWorld {
+/// A started program over a home, with the real services of this system.
+class TestProgram {
 public:
-  TestWorld();
+  /// Throws std::runtime_error when the services cannot be created.
+  explicit TestProgram(const std::filesystem::path &home);
 
-  /// Host path of a Windows path under C:, which is empty at first. Folders are made by MakeFolder.
+  /// Host path of a Windows path under C:. Folders are made by MakeFolder.
   std::filesystem::path Host(const std::string &windowsPath) const;
   /// Makes a folder, parents included, and gives its Windows path back.
   std::string MakeFolder(const std::string &windowsPath) const;
 
-  const std::filesystem::path &Home() const { return mHome.Path(); }
+  const std::filesystem::path &Home() const { return mHome; }
 
 private:
-  TempFolder mHome;
+  std::filesystem::path mHome;
 
 public:
   std::unique_ptr<Platform> platform;
@@ -116,6 +120,12 @@ public:
   CountingScreen screen;
   RecordedWindow window;
   SharedState state;
+};
+
+/// A started program over a home of its own, whose drive C: is empty at first.
+class TestWorld : private TempFolder, public TestProgram {
+public:
+  TestWorld() : TestProgram(Path()) {}
 };
 
 /// A settings tree that can be told to fail, over a real one.
@@ -126,6 +136,14 @@ public:
 
   /// Writes to values of this name fail; "" lets all pass.
   std::string failingValue;
+  /// Numbers, from 1, of the changes of the tree that fail: a value written, a key made, a key deleted.
+  int firstFailing = INT_MAX;
+  int lastFailing = INT_MAX;
+  int changes = 0;
+  /// Called when a change fails.
+  std::function<void()> onFailure;
+  /// Called with the path of each key that is deleted, after that.
+  std::function<void(std::string_view)> onDelete;
   /// DeleteKey says false and does nothing; MayDeleteKey knows it beforehand, unless it comes as a surprise.
   bool undeletable = false;
   bool surprise = false;
@@ -139,7 +157,7 @@ public:
   bool MayDeleteKey(std::string_view keyPath) override;
   std::int32_t SubkeyCount() override { return mReal->SubkeyCount(); }
   bool KeyExists(std::string_view keyPath) override { return mReal->KeyExists(keyPath); }
-  bool OpenKey(std::string_view keyPath, bool create) override { return mReal->OpenKey(keyPath, create); }
+  bool OpenKey(std::string_view keyPath, bool create) override;
   std::int32_t GetLongValue(std::string_view valueName) override { return mReal->GetLongValue(valueName); }
   std::string GetStringValue(std::string_view valueName) override { return mReal->GetStringValue(valueName); }
   bool ValueExists(std::string_view valueName) override { return mReal->ValueExists(valueName); }
@@ -150,8 +168,43 @@ public:
 private:
   explicit FaultyRegistry(std::unique_ptr<RegistryService> real) : mReal(std::move(real)) {}
 
+  /// Counts a change of the tree. Is it to fail?
+  bool ChangeFails(bool failsAnyway);
+
   std::unique_ptr<RegistryService> mReal;
   bool mFailed = false;
+};
+
+/// The file service of a state, with somebody who watches what is deleted.
+class WatchedFiles final : public FileService {
+public:
+  /// Puts itself in the place of the state's service and returns a reference that lives as long as the state.
+  static WatchedFiles &Install(SharedState &state);
+
+  /// Called with the path of each file that is to be deleted, before that.
+  std::function<void(std::string_view)> onDelete;
+  /// Stands for the system's folder for temporary files, unless it is empty.
+  std::string tempFolder;
+
+  long LastError() const override { return mReal->LastError(); }
+  std::string LastErrorText() const override { return mReal->LastErrorText(); }
+  bool DeleteFile(std::string_view path) override;
+  bool DirExists(std::string_view path) override { return mReal->DirExists(path); }
+  std::string GetBaseName(std::string_view path) override { return mReal->GetBaseName(path); }
+  std::string GetPathPart(std::string_view path) override { return mReal->GetPathPart(path); }
+  std::string GetExtension(std::string_view path) override { return mReal->GetExtension(path); }
+  std::string GetFilePart(std::string_view path) override { return mReal->GetFilePart(path); }
+  std::string GetDirPrefix(std::string_view path) override { return mReal->GetDirPrefix(path); }
+  bool FileExists(std::string_view path) override { return mReal->FileExists(path); }
+  std::string GetTempFolder() override { return tempFolder.empty() ? mReal->GetTempFolder() : tempFolder; }
+  bool IsValidFilename(std::string_view text) override { return mReal->IsValidFilename(text); }
+  double GetFileSize(std::string_view path) override { return mReal->GetFileSize(path); }
+  void OpenDocument(std::string_view addressOrPath) override { mReal->OpenDocument(addressOrPath); }
+
+private:
+  explicit WatchedFiles(std::unique_ptr<FileService> real) : mReal(std::move(real)) {}
+
+  std::unique_ptr<FileService> mReal;
 };
 
 } // namespace turfdesk::test

@@ -1,0 +1,250 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 Turf Desk contributors
+
+#include "manage/Move.h"
+
+#include "catalogue/Catalogue.h"
+#include "catalogue/CatalogueRows.h"
+
+#include "common/GolfWorld.h"
+
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+
+namespace turfdesk {
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+constexpr const char *CannotBeDeleted = "The source file cannot be deleted.  If you are moving\r\n"
+                                        "this file from a CD-ROM drive click OK to continue.  Otherwise,\r\n"
+                                        "click OK to continue or Cancel to end this operation.";
+
+std::string Orphan(const std::string &library) {
+  return "This course uses the following library which is not being used by any other course.\r\n\r\n" + library +
+         "\r\n\r\nDo you wish to move it?";
+}
+
+struct MoveWorld : public test::GolfWorld {
+  bool Move(Row *row, std::int32_t list, const std::string &destination, const std::vector<bool> &answers = {}) {
+    window.steps.clear();
+    Answer(answers);
+    state.activeList = list;
+    const bool moved = RunMove(state, {row, destination}, window);
+    EXPECT_EQ(window.file.caption, "");
+    EXPECT_TRUE(window.closeShown);
+    EXPECT_EQ(window.route.caption, moved ? "Successfully moved \"" + row->Text() + "\"" : "Move failed.");
+    return moved;
+  }
+  bool MoveElm(const std::string &destination, const std::vector<bool> &answers = {}) {
+    return Move(&Course(elmKey), ActiveCourses, destination, answers);
+  }
+  bool MoveGrass(const std::string &destination) { return Move(&Library(grassKey), ActiveLibraries, destination); }
+
+  /// The folders in which row and catalogue say that Old Elm's five files are, and then those of Grass and Trees. Both
+  /// must say the same.
+  Texts Folders() {
+    const Row &course = Course(elmKey);
+    const Texts shown = {course.SubItems(column::Filename),
+                         course.SubItems(column::Picture),
+                         course.SubItems(column::Music),
+                         course.SubItems(column::Video),
+                         course.SubItems(column::Text),
+                         Library(grassKey).SubItems(column::Filename),
+                         Library(treesKey).SubItems(column::Filename)};
+    const Texts catalogued = {GetCourseFilename(state, elmKey),   GetCoursePicture(state, elmKey),
+                              GetCourseMusic(state, elmKey),      GetCourseVideo(state, elmKey),
+                              GetCourseText(state, elmKey),       GetLibraryFilename(state, grassKey),
+                              GetLibraryFilename(state, treesKey)};
+    EXPECT_EQ(shown, catalogued);
+    Texts folders;
+    for (const std::string &path : shown)
+      folders.push_back(state.fileService->GetFilePart(state.fileService->GetPathPart(path)));
+    return folders;
+  }
+  bool Has(const std::string &path) const { return std::filesystem::exists(Host(path)); }
+};
+
+class MoveTest : public testing::Test {
+protected:
+  Texts Boxes() { return world.boxes.TakeTexts(); }
+
+  MoveWorld world;
+  const std::map<std::string, std::string> filesBefore = test::FilesBelow(world.Host("C:\\"));
+};
+
+const Texts AllAtHome = {"Golf", "Media", "Golf", "Golf", "Golf", "Golf", "Golf"};
+
+} // namespace
+
+TEST_F(MoveTest, MovesInItsOrderWhateverIsAnsweredForTwoOrphans) {
+  for (const bool grassGoes : {false, true})
+    for (const bool treesGo : {false, true}) {
+      MoveWorld fresh;
+      EXPECT_TRUE(fresh.MoveElm(R"(C:\Other)", {grassGoes, treesGo}));
+      EXPECT_EQ(fresh.boxes.TakeTexts(), (Texts{Orphan("Grass"), Orphan("Trees")}));
+      const char *grassFolder = grassGoes ? "Other" : "Golf";
+      const char *treesFolder = treesGo ? "Other" : "Golf";
+      EXPECT_EQ(fresh.Folders(), (Texts{"Other", "Other", "Other", "Other", "Other", grassFolder, treesFolder}));
+
+      Texts moved = {R"(C:\Golf\Elm.hlc)", R"(C:\Media\Elm.bmp)", R"(C:\Golf\Elm.mp3)", R"(C:\Golf\Elm.avi)",
+                     R"(C:\Golf\Elm.txt)"};
+      if (grassGoes)
+        moved.push_back(R"(C:\Golf\Grass.hlb)");
+      if (treesGo)
+        moved.push_back(R"(C:\Golf\Trees.hlb)");
+      EXPECT_EQ(fresh.TakeDeleted(), moved);
+      Texts steps;
+      for (const std::string &path : moved) {
+        const std::string name = fresh.state.fileService->GetFilePart(path);
+        steps.push_back(name + "|\"" + fresh.state.fileService->GetPathPart(path) + R"(" to "C:\Other")");
+        EXPECT_TRUE(fresh.Has(R"(C:\Other\)" + name)) << name;
+        EXPECT_FALSE(fresh.Has(path));
+      }
+      EXPECT_EQ(fresh.window.steps, steps);
+      EXPECT_TRUE(fresh.Has(R"(C:\QuillonGolf\Courses\)" + fresh.elmKey + ".sta"));
+    }
+}
+
+TEST_F(MoveTest, AFileMovesOverOneOfItsNameWithoutAQuestion) {
+  EXPECT_TRUE(world.MoveGrass("C:\\Taken\\"));
+  EXPECT_EQ(Boxes(), Texts{});
+  EXPECT_EQ(GetLibraryFilename(world.state, world.grassKey), R"(C:\Taken\Grass.hlb)");
+  EXPECT_EQ(test::FilesBelow(world.Host(R"(C:\Taken)")).at("Grass.hlb"), filesBefore.at("Golf/Grass.hlb"));
+}
+
+TEST_F(MoveTest, CoursesOfTheGameItselfStayAndLibrariesWithTheirKeysDoNot) {
+  struct Case {
+    const char *key;
+    bool moves;
+  };
+  const Case cases[] = {
+      {"{BABD4DCA-5214-4B66-9296-3D8F8EEC0000}", false}, {"{15EAD347-1F4F-4554-A2F3-239E80BA11A3}", false},
+      {"{BDE5E5F4-C342-48BF-871F-16B95770000B}", false}, {"{BDE5E5F4-C342-48BF-871F-16B957711111}", false},
+      {"{BDE5E5F4-C342-48BF-871F-16B95775658B}", false}, {"{E6094587-8112-4EA0-8179-95FFEFAD9999}", false},
+      {"{E6094587-8112-4EA0-8179-95ffefad9999}", true},
+  };
+  for (const Case &c : cases) {
+    SCOPED_TRACE(c.key);
+    MoveWorld fresh;
+    Row &course = fresh.Course(fresh.elmKey);
+    course.SetTag(c.key);
+    EXPECT_EQ(fresh.Move(&course, ActiveCourses, R"(C:\Other)"), c.moves);
+    EXPECT_EQ(fresh.Has(R"(C:\Golf\Elm.hlc)"), !c.moves);
+    EXPECT_EQ(fresh.boxes.shown.front().text == "This file cannot be moved from current location.", !c.moves);
+    Row &library = fresh.Library(fresh.grassKey);
+    library.SetTag(c.key);
+    EXPECT_TRUE(fresh.Move(&library, ActiveLibraries, R"(C:\Other)"));
+  }
+}
+
+TEST_F(MoveTest, NothingIsDeletedWhereSourceAndDestinationAreOneFileHoweverNamed) {
+  std::filesystem::create_directory_symlink(world.Host(R"(C:\Golf)"), world.Host(R"(C:\Link)"));
+  std::filesystem::create_directory_symlink(world.Host(R"(C:\Golf)"), world.Home() / "drives/g:");
+  std::filesystem::create_directory(world.Host(R"(C:\Hard)"));
+  std::filesystem::create_hard_link(world.Host(R"(C:\Golf\Elm.hlc)"), world.Host(R"(C:\Hard\Elm.hlc)"));
+  std::filesystem::create_directory(world.Host(R"(C:\Soft)"));
+  std::filesystem::create_symlink(world.Host(R"(C:\Golf\Elm.hlc)"), world.Host(R"(C:\Soft\ELM.HLC)"));
+  for (const char *destination :
+       {R"(C:\Golf)", R"(c:\GOLF\)", R"(C:\Other\..\Golf)", R"(C:\Link)", "G:\\", R"(C:\Hard)", R"(C:\Soft)"}) {
+    SCOPED_TRACE(destination);
+    EXPECT_FALSE(world.MoveElm(destination, {true, true}));
+    EXPECT_EQ(Boxes(), Texts{"Permission denied"});
+    EXPECT_EQ(test::FilesBelow(world.Host(R"(C:\Golf)")).at("Elm.hlc"), filesBefore.at("Golf/Elm.hlc"));
+    EXPECT_EQ(world.Folders(), AllAtHome);
+  }
+  EXPECT_EQ(world.TakeDeleted(), Texts{});
+}
+
+TEST_F(MoveTest, AReadOnlySourceIsTheUsersDecision) {
+  for (const bool goesOn : {false, true}) {
+    MoveWorld fresh;
+    chmod(fresh.Host(R"(C:\Media\Elm.bmp)").c_str(), 0444);
+    EXPECT_EQ(fresh.MoveElm(R"(C:\Other)", {goesOn, true, false}), goesOn);
+    EXPECT_EQ(fresh.boxes.shown.front().buttons, BoxButtons::OkCancel);
+    EXPECT_EQ(fresh.boxes.TakeTexts(), goesOn ? (Texts{CannotBeDeleted, Orphan("Grass"), Orphan("Trees")})
+                                              : (Texts{CannotBeDeleted, "Path/File access error"}));
+    EXPECT_TRUE(fresh.Has(R"(C:\Media\Elm.bmp)") && fresh.Has(R"(C:\Other\Elm.bmp)"));
+    EXPECT_EQ(fresh.Folders(), goesOn ? (Texts{"Other", "Other", "Other", "Other", "Other", "Other", "Golf"})
+                                      : (Texts{"Other", "Media", "Golf", "Golf", "Golf", "Golf", "Golf"}));
+  }
+}
+
+TEST_F(MoveTest, AFileThatCannotBeCopiedEndsTheMoveOfACourse) {
+  std::filesystem::remove(world.Host(R"(C:\Media\Elm.bmp)"));
+  EXPECT_FALSE(world.MoveElm(R"(C:\Other)", {true, true}));
+  EXPECT_EQ(Boxes(), Texts{"File not found"});
+  EXPECT_EQ(world.Folders(), (Texts{"Other", "Media", "Golf", "Golf", "Golf", "Golf", "Golf"}));
+  EXPECT_FALSE(world.MoveElm(R"(C:\nowhere)"));
+  EXPECT_EQ(Boxes(), Texts{"Path not found"});
+}
+
+TEST_F(MoveTest, AnOrphanThatCannotBeMovedDoesNotKeepTheOthers) {
+  std::filesystem::remove(world.Host(R"(C:\Golf\Grass.hlb)"));
+  EXPECT_FALSE(world.MoveElm(R"(C:\Other)", {true, true}));
+  EXPECT_EQ(Boxes(), (Texts{Orphan("Grass"), "File not found", Orphan("Trees")}));
+  EXPECT_EQ(world.Folders(), (Texts{"Other", "Other", "Other", "Other", "Other", "Golf", "Other"}));
+}
+
+TEST_F(MoveTest, WhichLibrariesAreOffered) {
+  world.state.lstLibraries.RemoveByKey(world.grassKey);
+  world.registry.DeleteKey(LibraryEntryKey(world.treesKey));
+  EXPECT_FALSE(world.MoveElm(R"(C:\Other)", {true}));
+  EXPECT_EQ(Boxes(), Texts{Orphan("Grass")}) << "it has no row, Trees no key, and Oak uses Water";
+  EXPECT_TRUE(world.Has(R"(C:\Golf\Grass.hlb)") && world.Has(R"(C:\Golf\Trees.hlb)"));
+  EXPECT_TRUE(world.Has(R"(C:\Golf\Water.hlb)"));
+}
+
+TEST_F(MoveTest, WhatHasNoFileMovesWithoutOne) {
+  world.Course(world.elmKey).SetSubItems(column::Filename, "");
+  world.Course(world.elmKey).SetSubItems(column::Music, "");
+  EXPECT_TRUE(world.MoveElm(R"(C:\Other)"));
+  EXPECT_EQ(world.TakeDeleted(), (Texts{R"(C:\Media\Elm.bmp)", R"(C:\Golf\Elm.avi)", R"(C:\Golf\Elm.txt)"}));
+  EXPECT_EQ(world.Course(world.elmKey).SubItems(column::Filename), "");
+  world.Library(world.grassKey).SetSubItems(column::Filename, "");
+  EXPECT_TRUE(world.MoveGrass(R"(C:\Other)"));
+  EXPECT_EQ(world.TakeDeleted(), Texts{});
+}
+
+TEST_F(MoveTest, AFileWhoseNewPlaceCannotBeRecordedGoesBack) {
+  const char *const valueNames[] = {"Filename", "Picture", "Music", "AVI", "Text"};
+  for (std::size_t failing = 0; failing < std::size(valueNames); ++failing) {
+    SCOPED_TRACE(valueNames[failing]);
+    MoveWorld fresh;
+    fresh.registry.failingValue = valueNames[failing];
+    EXPECT_FALSE(fresh.MoveElm(R"(C:\Other)", {true, true}));
+    EXPECT_EQ(fresh.boxes.TakeTexts(), Texts{});
+    Texts folders = AllAtHome;
+    std::fill_n(folders.begin(), failing, "Other");
+    EXPECT_EQ(fresh.Folders(), folders);
+    EXPECT_EQ(test::FilesBelow(fresh.Host(R"(C:\Other)")).size(), failing);
+  }
+  world.registry.failingValue = "Filename";
+  world.registry.onFailure = [] { throw std::runtime_error("The settings are gone."); };
+  EXPECT_FALSE(world.MoveGrass(R"(C:\Other)"));
+  EXPECT_EQ(Boxes(), Texts{"The settings are gone."});
+  EXPECT_EQ(test::FilesBelow(world.Host("C:\\")), filesBefore);
+}
+
+TEST_F(MoveTest, AFileThatCannotGoBackIsToldWhereItIs) {
+  world.registry.failingValue = "Filename";
+  world.registry.onFailure = [this] { std::filesystem::rename(world.Host(R"(C:\Golf)"), world.Host(R"(C:\Gone)")); };
+  EXPECT_FALSE(world.MoveGrass(R"(C:\Other)"));
+  EXPECT_TRUE(world.Has(R"(C:\Other\Grass.hlb)"));
+  EXPECT_EQ(world.boxes.shown.back().icon, BoxIcon::Stop);
+  EXPECT_EQ(Boxes(), Texts{"Path not found\r\n\r\nThe file is now here.\r\n\r\nC:\\Other\\Grass.hlb"});
+}
+
+TEST_F(MoveTest, WithoutASelectionNothingHappens) {
+  EXPECT_FALSE(world.Move(nullptr, ActiveCourses, R"(C:\Other)"));
+  EXPECT_EQ(world.boxes.shown.back().icon, BoxIcon::Stop);
+  EXPECT_EQ(Boxes(), Texts{"No course or library has been selected."});
+  EXPECT_TRUE(world.screen.pointers.empty());
+  EXPECT_EQ(MoveCaption(world.state, world.Course(world.elmKey)), "Move \"Old Elm\" Course");
+  world.state.activeList = ActiveLibraries;
+  EXPECT_EQ(MoveCaption(world.state, world.Library(world.grassKey)), "Move \"Grass\" Library");
+}
+
+} // namespace turfdesk

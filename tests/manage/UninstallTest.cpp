@@ -1,0 +1,199 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 Turf Desk contributors
+
+#include "manage/Uninstall.h"
+
+#include "catalogue/Catalogue.h"
+#include "catalogue/Selection.h"
+
+#include "common/GolfWorld.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sys/stat.h>
+
+namespace turfdesk {
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+constexpr const char *Blank = "\r\n\r\n";
+
+std::string Sure(const std::string &course) {
+  return "Are you sure you want to delete the following course and it's associated files?" + (Blank + course);
+}
+
+std::string SureOfLibrary(const std::string &library) {
+  return "Are you sure you want to delete the following library and it's associated files?" + (Blank + library) +
+         "\r\n\r\nWARNING: Uninstalling a library that is used by a course will make that course unplayable, "
+         "\r\nand attempting to play that course will cause Marrowfell 2002 to exit.";
+}
+
+std::string Orphan(const std::string &library) {
+  return "This course uses the following library which is not being used by any other course." + (Blank + library) +
+         "\r\n\r\nDo you wish to delete it?";
+}
+
+std::string UsedBy(const std::string &course) {
+  return "This library is used by the following course(s)." + (Blank + course) + "\r\n\r\nDo you wish to continue?";
+}
+
+class UninstallTest : public testing::Test {
+protected:
+  bool Course(const std::string &key, const std::vector<bool> &answers) {
+    return Run(world.state.lstCourses, ActiveCourses, key, answers);
+  }
+  bool Library(const std::string &key, const std::vector<bool> &answers) {
+    return Run(world.state.lstLibraries, ActiveLibraries, key, answers);
+  }
+  bool Run(ListView &list, std::int32_t which, const std::string &key, const std::vector<bool> &answers) {
+    ActivateList(world.state, which);
+    list.Select(list.FindKey(key));
+    world.Answer(answers);
+    return UninstallSelected(world.state);
+  }
+  Texts Boxes() { return world.boxes.TakeTexts(); }
+  bool Shows(const std::string &libraryKey) { return world.state.lstLibraries.FindKey(libraryKey) != nullptr; }
+
+  test::GolfWorld world;
+  const std::map<std::string, std::string> filesBefore = test::FilesBelow(world.Host("C:\\"));
+  const std::string statistics = R"(C:\QuillonGolf\Courses\)" + world.elmKey + ".sta";
+  const std::string grassSwapFile = R"(C:\QuillonGolf\SwapFiles\)" + world.grassKey + ".swp";
+  const std::string treesSwapFile = R"(C:\QuillonGolf\SwapFiles\)" + world.treesKey + ".swp";
+};
+
+} // namespace
+
+TEST_F(UninstallTest, DeletesInItsOrderWhateverIsAnsweredForTwoOrphans) {
+  for (const bool grassGoes : {false, true})
+    for (const bool treesGo : {false, true}) {
+      test::GolfWorld fresh;
+      ActivateList(fresh.state, ActiveCourses);
+      fresh.state.lstCourses.Select(&fresh.Course(fresh.elmKey));
+      fresh.Answer({true, grassGoes, treesGo});
+      EXPECT_TRUE(UninstallSelected(fresh.state));
+      EXPECT_EQ(fresh.boxes.TakeTexts(), (Texts{Sure("Old Elm"), Orphan("Grass"), Orphan("Trees"),
+                                                "Old Elm\r\n\r\nCourse was successfully uninstalled."}));
+      Texts deleted = {R"(C:\Media\Elm.bmp)", R"(C:\Golf\Elm.mp3)", R"(C:\Golf\Elm.avi)", R"(C:\Golf\Elm.txt)",
+                       statistics};
+      if (grassGoes)
+        deleted.insert(deleted.end(), {R"(C:\Golf\Grass.hlb)", fresh.grassKey, grassSwapFile});
+      if (treesGo)
+        deleted.insert(deleted.end(), {R"(C:\Golf\Trees.hlb)", fresh.treesKey, treesSwapFile});
+      deleted.insert(deleted.end(), {R"(C:\Golf\Elm.hlc)", fresh.elmKey});
+      EXPECT_EQ(fresh.TakeDeleted(), deleted);
+
+      EXPECT_EQ(fresh.state.lstCourses.Count(), 1U);
+      EXPECT_EQ(fresh.state.lstCourses.At(0).Tag(), fresh.oakKey);
+      EXPECT_EQ(fresh.state.lstLibraries.FindKey(fresh.grassKey) == nullptr, grassGoes);
+      EXPECT_EQ(fresh.state.lstLibraries.FindKey(fresh.treesKey) == nullptr, treesGo);
+      EXPECT_EQ(std::filesystem::exists(fresh.Host(R"(C:\Golf\Grass.hlb)")), !grassGoes);
+      EXPECT_EQ(std::filesystem::exists(fresh.Host(R"(C:\Golf\Trees.hlb)")), !treesGo);
+    }
+}
+
+TEST_F(UninstallTest, AnOrphanIsALibraryThatIsCataloguedAndThatNoOtherCourseLists) {
+  world.registry.DeleteKey(LibraryEntryKey(world.grassKey));
+  EXPECT_TRUE(Course(world.oakKey, {true}));
+  EXPECT_EQ(Boxes(), (Texts{Sure("Oak"), "Oak\r\n\r\nCourse was successfully uninstalled."}));
+  EXPECT_TRUE(Course(world.elmKey, {true, true, true}));
+  EXPECT_EQ(Boxes(), (Texts{Sure("Old Elm"), Orphan("Trees"), Orphan("Water"),
+                            "Old Elm\r\n\r\nCourse was successfully uninstalled."}));
+  EXPECT_TRUE(std::filesystem::exists(world.Host(R"(C:\Golf\Grass.hlb)")));
+  EXPECT_EQ(world.state.lstCourses.Count(), 0U);
+  EXPECT_FALSE(Course("", {}));
+  EXPECT_EQ(Boxes(), Texts{"No courses installed."});
+}
+
+TEST_F(UninstallTest, ALibraryAsksOnceForEachCourseThatUsesIt) {
+  const Texts questions = {SureOfLibrary("Water"), UsedBy("Oak"), UsedBy("Old Elm")};
+  for (std::size_t refused = 0; refused < questions.size(); ++refused) {
+    std::vector<bool> answers(questions.size(), true);
+    answers[refused] = false;
+    EXPECT_FALSE(Library(world.waterKey, answers));
+    Texts shown(questions.begin(), questions.begin() + static_cast<std::ptrdiff_t>(refused) + 1);
+    if (refused > 0)
+      shown.push_back("Unable to uninstall library.");
+    EXPECT_EQ(Boxes(), shown);
+    EXPECT_EQ(test::FilesBelow(world.Host("C:\\")), filesBefore);
+    EXPECT_TRUE(Shows(world.waterKey));
+  }
+  EXPECT_TRUE(Library(world.waterKey, {true, true, true}));
+  EXPECT_EQ(Boxes().back(), "Water\r\n\r\nLibrary was successfully uninstalled.");
+  EXPECT_EQ(world.TakeDeleted(), (Texts{R"(C:\Golf\Water.hlb)", world.waterKey}));
+  EXPECT_FALSE(Shows(world.waterKey));
+  EXPECT_NE(world.Course(world.oakKey).SubItems(3).find(world.waterKey), std::string::npos) << "other rows stay";
+
+  ASSERT_TRUE(Course(world.elmKey, {true, false, false}));
+  Boxes();
+  world.TakeDeleted();
+  EXPECT_TRUE(Library(world.grassKey, {true}));
+  EXPECT_EQ(Boxes(), (Texts{SureOfLibrary("Grass"), "Grass\r\n\r\nLibrary was successfully uninstalled."}));
+  EXPECT_EQ(world.TakeDeleted(), (Texts{R"(C:\Golf\Grass.hlb)", world.grassKey, grassSwapFile}));
+}
+
+TEST_F(UninstallTest, AKeyThatIsKnownToStayKeepsEverything) {
+  world.registry.undeletable = true;
+  EXPECT_FALSE(Course(world.elmKey, {true, true, true}));
+  EXPECT_EQ(Boxes(), (Texts{Sure("Old Elm"), "Access is denied.", "Unable to uninstall course."}));
+  EXPECT_FALSE(Library(world.grassKey, {true, true}));
+  EXPECT_EQ(Boxes(),
+            (Texts{SureOfLibrary("Grass"), UsedBy("Old Elm"), "Access is denied.", "Unable to uninstall library."}));
+  EXPECT_EQ(test::FilesBelow(world.Host("C:\\")), filesBefore);
+  EXPECT_EQ(world.TakeDeleted(), Texts{});
+  EXPECT_EQ(world.state.lstCourses.Count() + world.state.lstLibraries.Count(), 5U);
+}
+
+TEST_F(UninstallTest, AKeyThatStaysAgainstExpectationOutlivesItsFiles) {
+  world.registry.undeletable = world.registry.surprise = true;
+  EXPECT_FALSE(Library(world.grassKey, {true, true}));
+  EXPECT_EQ(Boxes(),
+            (Texts{SureOfLibrary("Grass"), UsedBy("Old Elm"), "Access is denied.", "Unable to uninstall library."}));
+  EXPECT_EQ(world.TakeDeleted(), Texts{R"(C:\Golf\Grass.hlb)"}) << "the swap file stays with the key";
+  EXPECT_TRUE(Shows(world.grassKey));
+
+  EXPECT_FALSE(Course(world.elmKey, {true, true, true}));
+  EXPECT_EQ(Boxes(), (Texts{Sure("Old Elm"), Orphan("Grass"), "Access is denied.", Orphan("Trees"), "Access is denied.",
+                            "Access is denied.", "Unable to uninstall course."}));
+  EXPECT_EQ(world.TakeDeleted().back(), R"(C:\Golf\Elm.hlc)");
+  EXPECT_NE(world.state.lstCourses.FindKey(world.elmKey), nullptr);
+}
+
+TEST_F(UninstallTest, AnOrphanWhoseKeyStaysDoesNotKeepTheCourse) {
+  world.registry.changes = 0;
+  world.registry.firstFailing = 1;
+  world.registry.lastFailing = 500; // a key is tried so often
+  EXPECT_TRUE(Course(world.elmKey, {true, true, true}));
+  EXPECT_EQ(Boxes(), (Texts{Sure("Old Elm"), Orphan("Grass"), "Access is denied.", Orphan("Trees"),
+                            "Old Elm\r\n\r\nCourse was successfully uninstalled."}));
+  EXPECT_TRUE(Shows(world.grassKey));
+  EXPECT_FALSE(Shows(world.treesKey));
+}
+
+TEST_F(UninstallTest, FilesThatAreMissingOrStayDoNotKeepTheRest) {
+  for (const char *missing : {R"(C:\Golf\Elm.hlc)", R"(C:\Golf\Elm.avi)", R"(C:\Golf\Grass.hlb)"})
+    std::filesystem::remove(world.Host(missing));
+  chmod(world.Host(R"(C:\Media\Elm.bmp)").c_str(), 0444);
+  chmod(world.Host(R"(C:\Golf\Trees.hlb)").c_str(), 0444);
+  EXPECT_TRUE(Course(world.elmKey, {true, true, true}));
+  EXPECT_EQ(Boxes(), (Texts{Sure("Old Elm"), Orphan("Grass"), Orphan("Trees"),
+                            "Old Elm\r\n\r\nCourse was successfully uninstalled."}));
+  EXPECT_FALSE(Shows(world.grassKey));
+  EXPECT_FALSE(Shows(world.treesKey));
+  EXPECT_TRUE(std::filesystem::exists(world.Host(R"(C:\Media\Elm.bmp)")));
+  EXPECT_TRUE(std::filesystem::exists(world.Host(R"(C:\Golf\Trees.hlb)")));
+  EXPECT_FALSE(std::filesystem::exists(world.Host(R"(C:\Golf\Elm.mp3)")));
+}
+
+TEST_F(UninstallTest, WithoutAYesOrASelectionNothingHappens) {
+  EXPECT_FALSE(Course(world.elmKey, {false}));
+  EXPECT_EQ(Boxes(), Texts{Sure("Old Elm")});
+  EXPECT_FALSE(Library("no such row", {true}));
+  EXPECT_EQ(world.boxes.shown.back().icon, BoxIcon::Stop);
+  EXPECT_EQ(Boxes(), Texts{"No course or library has been selected."});
+  EXPECT_EQ(test::FilesBelow(world.Host("C:\\")), filesBefore);
+}
+
+} // namespace turfdesk
