@@ -17,10 +17,9 @@ namespace turfdesk {
 namespace {
 
 bool ClearStatisticsOf(SharedState &state, const Row &course) {
-  const std::string key = course.Tag();
   if (!AskYesNo(state, LoadResString(StringId::SureToClearStatistics) + Newlines(2) + course.Text()))
     return false;
-  const bool cleared = DeleteCourseStats(state, key);
+  const bool cleared = DeleteCourseStats(state, course.Tag());
   if (cleared)
     ShowInfo(state, LoadResString(StringId::StatisticsCleared));
   else

@@ -94,7 +94,7 @@ private:
 bool MoveFiles(SharedState &state, Row &row, std::string_view destination, Label &fileLabel, Label &routeLabel) {
   FileMover mover(state, CourseEntryKey(row.Tag()), row, destination, fileLabel, routeLabel);
   return std::ranges::all_of(CourseFields, [&](const PathField &field) {
-    const std::string path = row.SubItems(field.column);
+    const std::string &path = row.SubItems(field.column);
     return path.empty() || mover.Move(path, field);
   });
 }
@@ -108,7 +108,7 @@ bool MoveOrphan(SharedState &state, const std::string &libraryKey, std::string_v
 /// A library that fails does not keep the others from being asked about.
 bool OfferOrphans(SharedState &state, const Row &course, std::string_view destination, Label &fileLabel,
                   Label &routeLabel) {
-  const std::string courseKey = course.Tag();
+  const std::string &courseKey = course.Tag();
   bool moved = true;
   for (const std::string &libraryKey : ParseList(course.SubItems(column::Libraries)))
     if (IsOrphanOfCourse(state, libraryKey, courseKey) &&

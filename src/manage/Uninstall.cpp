@@ -69,30 +69,33 @@ constexpr std::string_view LibraryWarning =
     "WARNING: Uninstalling a library that is used by a course will make that course unplayable, \r\n"
     "and attempting to play that course will cause Marrowfell 2002 to exit.";
 
-bool UninstallSelectedCourse(SharedState &state, const Row &row) {
-  // The row leaves its list before its name is shown for the last time.
-  const std::string name = row.Text();
-  const std::string key = row.Tag();
-  const std::string libraries = row.SubItems(column::Libraries);
-  if (!AskYesNo(state, LoadResString(StringId::SureToDeleteCourse) + Newlines(2) + name))
+/// What a row says. The row leaves its list before its name is shown for the last time.
+struct Item {
+  explicit Item(const Row &row) : name(row.Text()), key(row.Tag()), libraries(row.SubItems(column::Libraries)) {}
+
+  std::string name;
+  std::string key;
+  std::string libraries;
+};
+
+bool UninstallSelectedCourse(SharedState &state, const Item &course) {
+  if (!AskYesNo(state, LoadResString(StringId::SureToDeleteCourse) + Newlines(2) + course.name))
     return false;
-  const bool gone = UninstallCourse(state, key, libraries);
+  const bool gone = UninstallCourse(state, course.key, course.libraries);
   if (gone)
-    ShowInfo(state, name + Newlines(2) + LoadResString(StringId::CourseUninstalled));
+    ShowInfo(state, course.name + Newlines(2) + LoadResString(StringId::CourseUninstalled));
   else
     ShowError(state, LoadResString(StringId::UnableToUninstallCourse));
   return gone;
 }
 
-bool UninstallSelectedLibrary(SharedState &state, const Row &row) {
-  const std::string name = row.Text();
-  const std::string key = row.Tag();
-  if (!AskYesNo(state, LoadResString(StringId::SureToDeleteLibrary) + Newlines(2) + name + Newlines(2) +
+bool UninstallSelectedLibrary(SharedState &state, const Item &library) {
+  if (!AskYesNo(state, LoadResString(StringId::SureToDeleteLibrary) + Newlines(2) + library.name + Newlines(2) +
                            std::string(LibraryWarning)))
     return false;
-  const bool gone = UninstallLibrary(state, key, true);
+  const bool gone = UninstallLibrary(state, library.key, true);
   if (gone)
-    ShowInfo(state, name + Newlines(2) + LoadResString(StringId::LibraryUninstalled));
+    ShowInfo(state, library.name + Newlines(2) + LoadResString(StringId::LibraryUninstalled));
   else
     ShowError(state, LoadResString(StringId::UnableToUninstallLibrary));
   return gone;
@@ -104,8 +107,8 @@ bool UninstallSelected(SharedState &state) {
   bool gone = false;
   Guarded(state, "frmTurfManager.btnCourseUninstall_Click(): ", [&] {
     if (const Row *row = SelectedRow(state, state.activeList))
-      gone = state.activeList == ActiveCourses ? UninstallSelectedCourse(state, *row)
-                                               : UninstallSelectedLibrary(state, *row);
+      gone = state.activeList == ActiveCourses ? UninstallSelectedCourse(state, Item(*row))
+                                               : UninstallSelectedLibrary(state, Item(*row));
   });
   return gone;
 }

@@ -24,8 +24,8 @@ public:
   virtual ~Processes() = default;
 
   /// Starts the program at a Windows path with arguments, each handed over as one argument. Gives its process id.
-  /// Throws RuntimeError 53 when the program is missing, 76 when its folder is, 75 or 70 when it cannot be started. When
-  /// the system lacks something that the program needs, the description says what.
+  /// Throws RuntimeError 53 when the program is missing, 76 when its folder is, 75 or 70 when it cannot be started.
+  /// When the system lacks something that the program needs, the description says what.
   virtual std::uint32_t Shell(std::string_view program, const std::vector<std::string> &arguments,
                               WindowStyle style) = 0;
   /// A handle to wait on, or 0 on failure.
