@@ -272,8 +272,11 @@ TEST_F(ConversionTest, OnlyTheNumberOfCoursesDecides) {
   };
   EXPECT_EQ(verdict({.name = ""}), converted) << "fewer courses than before";
   processes.afterWait = nullptr;
-  for (int i = 0; i < 65536; ++i)
-    state.lstCourses.Add("", "not in the catalogue");
+  {
+    const ListView::Update update(state.lstCourses);
+    for (int i = 0; i < 65536; ++i)
+      state.lstCourses.Add("", "not in the catalogue");
+  }
   EXPECT_EQ(verdict({.name = ""}), converted) << "65537 and 1 are different numbers";
 }
 

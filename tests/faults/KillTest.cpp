@@ -156,13 +156,14 @@ protected:
 };
 
 TEST_P(TurfctlKillTest, AfterEverLongerTimes) {
-  constexpr std::chrono::microseconds step{250};
+  std::chrono::microseconds delay{0};
   int killed = 0;
-  for (int finishedInARow = 0, round = 1; finishedInARow < 10 && !HasFailure(); ++round) {
-    SCOPED_TRACE("after " + std::to_string((round * step).count()) + " microseconds");
+  for (int finishedInARow = 0; finishedInARow < 10 && !HasFailure();) {
+    delay += std::max(std::chrono::microseconds(250), delay / 20);
+    SCOPED_TRACE("after " + std::to_string(delay.count()) + " microseconds");
     const test::GolfHome home;
     const pid_t process = StartTurfctl(home);
-    usleep(static_cast<useconds_t>((round * step).count()));
+    usleep(static_cast<useconds_t>(delay.count()));
     kill(process, SIGKILL);
     const bool finished = WaitFor(process) == End::Done;
     finishedInARow = finished ? finishedInARow + 1 : 0;
