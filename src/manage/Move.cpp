@@ -6,6 +6,7 @@
 #include "catalogue/Catalogue.h"
 #include "catalogue/CatalogueRows.h"
 #include "catalogue/Dependencies.h"
+#include "platform/CaseFold.h"
 #include "support/ErrorHandling.h"
 #include "support/Prompts.h"
 #include "support/StringTable.h"
@@ -16,6 +17,7 @@
 
 #include <algorithm>
 #include <array>
+#include <set>
 
 namespace turfdesk {
 
@@ -33,29 +35,42 @@ struct PathField {
   std::string_view valueName;
 };
 
-constexpr std::array CourseFields = {PathField{column::Filename, "Filename"}, PathField{column::Picture, "Picture"},
+constexpr PathField FilenameField = {column::Filename, "Filename"};
+constexpr std::array CourseFields = {FilenameField, PathField{column::Picture, "Picture"},
                                      PathField{column::Music, "Music"}, PathField{column::Video, "AVI"},
                                      PathField{column::Text, "Text"}};
 
-/// One run over files that share entry, row, destination and labels.
+/// What the files of one move share.
+struct Journey {
+  std::string destination;
+  Label &fileLabel;
+  Label &routeLabel;
+  /// The new places of the files that have been moved, without regard to case.
+  std::set<std::string> placed;
+};
+
+/// Moves files that share an entry and its row.
 class FileMover {
 public:
-  FileMover(SharedState &state, std::string entryKey, Row &row, std::string_view destination, Label &fileLabel,
-            Label &routeLabel)
-      : mState(state), mEntryKey(std::move(entryKey)), mRow(row), mDestination(destination), mFileLabel(fileLabel),
-        mRouteLabel(routeLabel) {}
+  FileMover(SharedState &state, std::string entryKey, Row &row, Journey &journey)
+      : mState(state), mEntryKey(std::move(entryKey)), mRow(row), mJourney(journey) {}
 
   bool Move(const std::string &path, const PathField &field) {
     const std::string folder = GetPathPart(mState, path);
     const std::string name = GetFilePart(mState, path);
-    mRouteLabel.SetCaption(RouteText(folder, mDestination));
-    mFileLabel.SetCaption(name);
+    const std::string newPath = AddBackslash(mJourney.destination) + name;
+    mJourney.routeLabel.SetCaption(RouteText(folder, mJourney.destination));
+    mJourney.fileLabel.SetCaption(name);
     mState.screen.DoEvents();
-    if (!MoveFile(mState, folder, name, mDestination, name)) {
+    // A file of the past is replaced; one that has just come from another folder would be lost.
+    if (!mJourney.placed.insert(FoldCase(newPath)).second) {
+      ShowError(mState, path + Newlines(2) + "Another file of this name has just been moved there.");
+      return false;
+    }
+    if (!MoveFile(mState, folder, name, mJourney.destination, name)) {
       ShowError(mState, GetLastFileError(mState));
       return false;
     }
-    const std::string newPath = AddBackslash(mDestination) + name;
     if (!Record(field, newPath, folder, name))
       return false;
     mRow.SetSubItems(field.column, newPath);
@@ -79,41 +94,42 @@ private:
     // A source that could not be deleted is where it was.
     if (FileExists(mState, AddBackslash(folder) + name))
       return;
-    if (!MoveFile(mState, mDestination, name, folder, name))
+    if (!MoveFile(mState, mJourney.destination, name, folder, name))
       ShowError(mState, GetLastFileError(mState) + Newlines(2) + "The file is now here." + Newlines(2) + newPath);
   }
 
   SharedState &mState;
   std::string mEntryKey;
   Row &mRow;
-  std::string mDestination;
-  Label &mFileLabel;
-  Label &mRouteLabel;
+  Journey &mJourney;
 };
 
-bool MoveFiles(SharedState &state, Row &row, std::string_view destination, Label &fileLabel, Label &routeLabel) {
-  FileMover mover(state, CourseEntryKey(row.Tag()), row, destination, fileLabel, routeLabel);
+bool MoveFiles(SharedState &state, Row &row, Journey &journey) {
+  FileMover mover(state, CourseEntryKey(row.Tag()), row, journey);
   return std::ranges::all_of(CourseFields, [&](const PathField &field) {
     const std::string &path = row.SubItems(field.column);
     return path.empty() || mover.Move(path, field);
   });
 }
 
-bool MoveOrphan(SharedState &state, const std::string &libraryKey, std::string_view destination, Label &fileLabel,
-                Label &routeLabel) {
+bool MoveLibraryFile(SharedState &state, Row &row, Journey &journey) {
+  const std::string &path = row.SubItems(column::Filename);
+  return path.empty() || FileMover(state, LibraryEntryKey(row.Tag()), row, journey).Move(path, FilenameField);
+}
+
+bool MoveOrphan(SharedState &state, const std::string &libraryKey, Journey &journey) {
   Row *library = FindListRow(libraryKey, GetLibraryName(state, libraryKey), state.lstLibraries, false);
-  return library != nullptr && MoveLibrary(state, *library, destination, fileLabel, routeLabel);
+  return library != nullptr && MoveLibraryFile(state, *library, journey);
 }
 
 /// A library that fails does not keep the others from being asked about.
-bool OfferOrphans(SharedState &state, const Row &course, std::string_view destination, Label &fileLabel,
-                  Label &routeLabel) {
+bool OfferOrphans(SharedState &state, const Row &course, Journey &journey) {
   const std::string &courseKey = course.Tag();
   bool moved = true;
   for (const std::string &libraryKey : ParseList(course.SubItems(column::Libraries)))
     if (IsOrphanOfCourse(state, libraryKey, courseKey) &&
         AskAboutOrphan(state, libraryKey, LoadResString(StringId::WishToMove)))
-      moved = MoveOrphan(state, libraryKey, destination, fileLabel, routeLabel) && moved;
+      moved = MoveOrphan(state, libraryKey, journey) && moved;
   return moved;
 }
 
@@ -151,14 +167,13 @@ bool MoveCourse(SharedState &state, Row &row, std::string_view destination, Labe
     ShowError(state, "This file cannot be moved from current location.");
     return false;
   }
-  return MoveFiles(state, row, destination, fileLabel, routeLabel) &&
-         OfferOrphans(state, row, destination, fileLabel, routeLabel);
+  Journey journey{std::string(destination), fileLabel, routeLabel, {}};
+  return MoveFiles(state, row, journey) && OfferOrphans(state, row, journey);
 }
 
 bool MoveLibrary(SharedState &state, Row &row, std::string_view destination, Label &fileLabel, Label &routeLabel) {
-  const std::string path = row.SubItems(column::Filename);
-  FileMover mover(state, LibraryEntryKey(row.Tag()), row, destination, fileLabel, routeLabel);
-  return path.empty() || mover.Move(path, {column::Filename, "Filename"});
+  Journey journey{std::string(destination), fileLabel, routeLabel, {}};
+  return MoveLibraryFile(state, row, journey);
 }
 
 } // namespace turfdesk

@@ -27,9 +27,10 @@ struct MoveRequest {
 /// label and is the result. No run-time error comes out; one from the move itself counts as its failure.
 bool RunMove(SharedState &state, const MoveRequest &request, StatusWindow &window);
 
-// Each moves file by file into the destination, over files of the same name, and points catalogue and row at the new
-// place after each. A step that is done stays done. A file whose new place cannot be recorded goes back where it was.
-// What stood in the way has been shown when the result is false. The labels show the work.
+// Each moves file by file into the destination, over files of the same name that lay there before, and points catalogue
+// and row at the new place after each. A second file of one name in the same move is refused. A step that is done stays
+// done. A file whose new place cannot be recorded goes back where it was. What stood in the way has been shown when the
+// result is false. The labels show the work.
 
 /// Moves a course with its media, then each library that the course alone uses and the user wants moved. Courses that
 /// belong to the game itself are refused.

@@ -18,8 +18,7 @@ struct MainCommand {
   const char *button;
   /// There is nothing for it to do while the commands act on the list of libraries.
   bool coursesOnly;
-  /// window is the main window, over which dialogs open. Null: the program does not have this command, and all that
-  /// would start it is disabled.
+  /// window is the main window, over which dialogs open.
   void (*run)(SharedState &state, QWidget &window);
 };
 

@@ -27,7 +27,7 @@ constexpr QSize StartSize(640, 460);
 
 /// What an enabled command needs besides a list to act on.
 bool IsAvailable(const SharedState &state, const MainCommand &command) {
-  return command.run != nullptr && !(command.coursesOnly && state.activeList == ActiveLibraries);
+  return !(command.coursesOnly && state.activeList == ActiveLibraries);
 }
 
 // What the window is before its picture is there: the picture's own mean.

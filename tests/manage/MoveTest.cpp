@@ -228,6 +228,16 @@ TEST_F(MoveTest, AFileWhoseNewPlaceCannotBeRecordedGoesBack) {
   EXPECT_EQ(test::FilesBelow(world.Host("C:\\")), filesBefore);
 }
 
+TEST_F(MoveTest, TwoFilesOfOneNameDoNotReplaceEachOther) {
+  const std::string text = R"(C:\Notes\elm.BMP)";
+  samples::WriteFile(world.Host(text), samples::ToBytes("notes that exist nowhere else"));
+  world.Course(world.elmKey).SetSubItems(column::Picture, R"(C:\Media\Elm.bmp)");
+  world.Course(world.elmKey).SetSubItems(column::Text, text);
+  EXPECT_FALSE(world.MoveElm(R"(C:\Other)"));
+  EXPECT_EQ(world.boxes.TakeTexts(), Texts{text + "\r\n\r\nAnother file of this name has just been moved there."});
+  EXPECT_TRUE(std::filesystem::exists(world.Host(text)));
+}
+
 TEST_F(MoveTest, AFileThatCannotGoBackIsToldWhereItIs) {
   world.registry.failingValue = "Filename";
   world.registry.onFailure = [this] { std::filesystem::rename(world.Host(R"(C:\Golf)"), world.Host(R"(C:\Gone)")); };
