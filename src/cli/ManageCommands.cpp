@@ -11,6 +11,8 @@
 #include "manage/Uninstall.h"
 #include "support/ErrorHandling.h"
 
+#include <algorithm>
+
 namespace turfdesk {
 
 namespace {
@@ -21,11 +23,14 @@ Row *Select(CommandContext &context, const RowOptions &options) {
   LoadLists(state);
   const bool isLibrary =
       options.library || (!IsNamed(state.lstCourses, options.name) && IsNamed(state.lstLibraries, options.name));
+  const std::int32_t which = isLibrary ? ActiveLibraries : ActiveCourses;
+  if (!ListHasItems(state, which))
+    return nullptr;
   ListView &list = isLibrary ? state.lstLibraries : state.lstCourses;
   Row *row = FindByKeyOrName(context, list, options.name, options.library ? "library" : "course or library");
   if (row == nullptr)
     return nullptr;
-  ActivateList(state, isLibrary ? ActiveLibraries : ActiveCourses);
+  ActivateList(state, which);
   list.Select(row);
   return row;
 }
@@ -81,8 +86,11 @@ ExitStatus SetMedia(CommandContext &context, const std::string &course, const Me
   Guarded(context.state, "frmTurfManager.btnCourseProperties_Click(): ", [&] {
     Row *row = SelectCourse(context, course);
     std::array<std::string, CourseMediaKinds.size()> paths;
-    saved =
-        row != nullptr && TypePaths(context.state, *row, media, paths) && SaveCourseMedia(context.state, *row, paths);
+    if (row == nullptr || !TypePaths(context.state, *row, media, paths))
+      return;
+    // As a window that is closed without a change.
+    const bool changes = std::ranges::any_of(media, [](const auto &path) { return path.has_value(); });
+    saved = !changes || SaveCourseMedia(context.state, *row, paths);
   });
   return ReportOperation(context, saved, "");
 }

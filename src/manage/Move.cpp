@@ -6,6 +6,7 @@
 #include "catalogue/Catalogue.h"
 #include "catalogue/CatalogueRows.h"
 #include "catalogue/Dependencies.h"
+#include "manage/OrTellWhy.h"
 #include "platform/CaseFold.h"
 #include "support/ErrorHandling.h"
 #include "support/Prompts.h"
@@ -62,15 +63,13 @@ public:
     mJourney.routeLabel.SetCaption(RouteText(folder, mJourney.destination));
     mJourney.fileLabel.SetCaption(name);
     mState.screen.DoEvents();
-    // A file of the past is replaced; one that has just come from another folder would be lost.
-    if (!mJourney.placed.insert(FoldCase(newPath)).second) {
-      ShowError(mState, path + Newlines(2) + "Another file of this name has just been moved there.");
+    if (!MayReplace(path, newPath))
       return false;
-    }
     if (!MoveFile(mState, folder, name, mJourney.destination, name)) {
       ShowError(mState, GetLastFileError(mState));
       return false;
     }
+    mJourney.placed.insert(FoldCase(newPath));
     if (!Record(field, newPath, folder, name))
       return false;
     mRow.SetSubItems(field.column, newPath);
@@ -78,6 +77,18 @@ public:
   }
 
 private:
+  /// A file of the past is replaced, for which there is no way back: the new place must be one that can be recorded. A
+  /// file that has just come from another folder is not replaced.
+  bool MayReplace(const std::string &path, const std::string &newPath) {
+    if (!FileExists(mState, newPath) || !FileExists(mState, path))
+      return true;
+    if (mJourney.placed.contains(FoldCase(newPath))) {
+      ShowError(mState, path + Newlines(2) + "Another file of this name has just been moved there.");
+      return false;
+    }
+    return OrTellWhy(mState, [this] { return RegistryKeyMayBeDeleted(mState, LocalMachine, mEntryKey); });
+  }
+
   /// A tree that fails by throwing must not leave the file where nothing points at it, either.
   bool Record(const PathField &field, const std::string &newPath, const std::string &folder, const std::string &name) {
     try {

@@ -8,6 +8,7 @@
 #include "catalogue/Dependencies.h"
 #include "catalogue/Selection.h"
 #include "catalogue/SideFiles.h"
+#include "manage/OrTellWhy.h"
 #include "support/ErrorHandling.h"
 #include "support/Prompts.h"
 #include "support/StringTable.h"
@@ -29,17 +30,11 @@ void DeleteIfThere(SharedState &state, const std::string &path) {
 
 /// Files cannot be brought back, so the key that goes last is looked at first.
 bool KeyMayGo(SharedState &state, const std::string &entryKey) {
-  if (RegistryKeyMayBeDeleted(state, LocalMachine, entryKey))
-    return true;
-  ShowError(state, GetRegistryError(state));
-  return false;
+  return OrTellWhy(state, [&] { return RegistryKeyMayBeDeleted(state, LocalMachine, entryKey); });
 }
 
 bool DeleteEntry(SharedState &state, const std::string &entryKey) {
-  if (DeleteRegistryKey(state, LocalMachine, entryKey))
-    return true;
-  ShowError(state, GetRegistryError(state));
-  return false;
+  return OrTellWhy(state, [&] { return DeleteRegistryKey(state, LocalMachine, entryKey); });
 }
 
 /// The row may have gone meanwhile: the boxes let window events run.

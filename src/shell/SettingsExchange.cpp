@@ -165,7 +165,7 @@ std::string FaultWords(const std::vector<RegistryTextFault> &faults) {
   for (const RegistryTextFault &fault : faults)
     words += Newlines(1) + "Line " + std::to_string(fault.line) + ": " + fault.words;
   if (faults.size() == MostRegistryTextFaults)
-    words += Newlines(1) + "The rest of the file was not read.";
+    words += Newlines(1) + "What may follow was not read.";
   return words;
 }
 

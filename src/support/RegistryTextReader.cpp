@@ -19,8 +19,9 @@ constexpr std::array<std::string_view, 7> Roots = {
     "HKEY_CURRENT_CONFIG", "HKEY_DYN_DATA",     "HKEY_PERFORMANCE_DATA",
 };
 
-// What the registry allows.
+// What the registry allows. A name has up to 255 characters there, each up to three bytes of UTF-8.
 constexpr std::ptrdiff_t GreatestDepth = 512;
+constexpr std::size_t LongestKeyName = std::size_t{3} * 255;
 
 constexpr const char *EarlierVersion =
     "The file is in version 4 of the format (REGEDIT4). The registry editor writes version 5 when its file type "
@@ -30,6 +31,7 @@ constexpr const char *NoHeader = "The file does not begin with \"Windows Registr
 constexpr const char *NoKey = "A key stands in square brackets, with nothing but a comment behind them.";
 constexpr const char *NoRoot = "The key does not begin with a root, such as HKEY_LOCAL_MACHINE.";
 constexpr const char *EmptyName = "The path of the key has an empty name in it.";
+constexpr const char *NameTooLong = "A name in the path of the key is too long.";
 constexpr const char *TooDeep = "The path of the key has too many names in it.";
 constexpr const char *AheadOfKeys = "A value stands ahead of the first key.";
 constexpr const char *BelowDeleted = "A value stands below a key that is deleted.";
@@ -47,6 +49,12 @@ const char *FaultOfPath(std::string_view path) {
     return NoRoot;
   if (path.ends_with('\\') || path.find("\\\\") != std::string_view::npos)
     return EmptyName;
+  for (std::size_t start = 0; start < path.size();) {
+    const std::size_t end = std::min(path.find('\\', start), path.size());
+    if (end - start > LongestKeyName)
+      return NameTooLong;
+    start = end + 1;
+  }
   return std::count(path.begin(), path.end(), '\\') > GreatestDepth ? TooDeep : nullptr;
 }
 

@@ -20,6 +20,8 @@ constexpr std::string_view LineEnd = "\r\n";
 constexpr std::string_view Utf16Mark = "\xFF\xFE";
 constexpr std::uint32_t PlainBytes = 3;
 
+constexpr std::size_t LongestQuotedText = std::size_t{1} << 20;
+
 // As the registry editor breaks lines.
 constexpr std::size_t WidestLine = 77;
 
@@ -71,8 +73,9 @@ std::string Line(const RegistryValue &value) {
     return line + Formatted("dword:%08x", static_cast<std::uint32_t>(data.number));
   if (data.type != RegSz)
     return WithBytes(line, data.type, data.text);
-  // In quotes a line break would depend on how the file is carried from one system to another.
-  if (HasControlCharacters(data.text))
+  // In quotes a line break would depend on how the file is carried from one system to another, and a long text would
+  // be a line too long to be read again; bytes go on in further lines.
+  if (HasControlCharacters(data.text) || data.text.size() > LongestQuotedText)
     return WithBytes(line, RegSz, *Utf16FromUtf8(data.text + '\0'));
   return line + Quoted(data.text);
 }

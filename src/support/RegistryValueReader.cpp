@@ -18,6 +18,7 @@ namespace {
 
 constexpr const char *NotClosed = "A text in quotes is not closed.";
 constexpr const char *BadEscape = "A backslash in quotes does not stand ahead of a backslash or a quote.";
+constexpr const char *NameTooLong = "The name of the value is too long.";
 constexpr const char *NeitherKeyNorValue = "The line is neither a key nor a value nor a comment.";
 constexpr const char *NoEquals = "There is no = behind the name of a value.";
 constexpr const char *BadData = "What is behind the = is neither a text in quotes nor dword:, hex: or -.";
@@ -31,6 +32,9 @@ constexpr std::uint32_t ExpandableText = 2;
 
 // Of a text of several lines, for which all of them are held in memory.
 constexpr std::size_t LongestText = std::size_t{1} << 20;
+
+// As long as a name can be in the registry: 16,383 characters, each up to three bytes of UTF-8.
+constexpr std::size_t LongestValueName = std::size_t{3} * 16383;
 
 constexpr std::size_t DigitsOfByte = 2;
 constexpr std::size_t DigitsOfNumber = 8;
@@ -92,14 +96,21 @@ const char *RegistryValueReader::ReadNameAndData(RegistryStatement &statement) {
   SkipBlanks();
   if (const char *fault = ReadData(statement))
     return fault;
-  return IsBlankOrComment(Rest()) ? nullptr : TrailingRest;
+  // Behind a text of several lines a semicolon is more likely the rest of a line whose first quote was taken for the
+  // end of the text.
+  const bool isEnd =
+      mIsLongText ? Rest().find_first_not_of(RegistryTextBlanks) == std::string_view::npos : IsBlankOrComment(Rest());
+  return isEnd ? nullptr : TrailingRest;
 }
 
 const char *RegistryValueReader::ReadName(std::string &name) {
   SkipBlanks();
   if (Take('@'))
     return nullptr;
-  return Take('"') ? ReadQuoted(name) : NeitherKeyNorValue;
+  if (!Take('"'))
+    return NeitherKeyNorValue;
+  const char *fault = ReadQuoted(name);
+  return fault == nullptr && name.size() > LongestValueName ? NameTooLong : fault;
 }
 
 const char *RegistryValueReader::ReadData(RegistryStatement &statement) {

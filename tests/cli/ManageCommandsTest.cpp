@@ -85,9 +85,15 @@ TEST_F(ManageCommandsTest, SetMediaWritesWhatIsGivenAndKeepsTheRest) {
   EXPECT_EQ(course["picture"], R"(C:\a b.bmp)");
   EXPECT_EQ(course["music"], R"(C:\m.mp3)");
   EXPECT_EQ(course["text"], "");
+  EXPECT_EQ(Run("set-media 'Old Elm'").status, 0) << "nothing given, nothing changed";
   const Outcome unknown = Run(R"(set-media Grass --text 'C:\t.txt')");
   EXPECT_EQ(unknown.status, 1);
   EXPECT_EQ(unknown.errors, "No course has this key or name.\n\nGrass\n");
+}
+
+TEST_F(TurfctlTest, AnEmptyListIsToldAsTheButtonTellsIt) {
+  EXPECT_EQ(Run("--yes uninstall Nothing").errors, "No courses installed.\n");
+  EXPECT_EQ(Run("--yes move --library Nothing --to 'C:'").errors, "No libraries installed.\n");
 }
 
 TEST_F(ManageCommandsTest, ClearStatisticsDeletesTheGamesFile) {

@@ -238,6 +238,15 @@ TEST_F(MoveTest, TwoFilesOfOneNameDoNotReplaceEachOther) {
   EXPECT_TRUE(std::filesystem::exists(world.Host(text)));
 }
 
+TEST_F(MoveTest, NothingIsReplacedThatCannotBeRecorded) {
+  world.registry.undeletable = true;
+  const std::string before = test::FilesBelow(world.Host(R"(C:\Taken)")).at("Elm.hlc");
+  EXPECT_FALSE(world.MoveElm(R"(C:\Taken)"));
+  EXPECT_EQ(Boxes(), Texts{"Access is denied."});
+  EXPECT_EQ(test::FilesBelow(world.Host(R"(C:\Taken)")).at("Elm.hlc"), before);
+  EXPECT_TRUE(world.Has(R"(C:\Golf\Elm.hlc)"));
+}
+
 TEST_F(MoveTest, AFileThatCannotGoBackIsToldWhereItIs) {
   world.registry.failingValue = "Filename";
   world.registry.onFailure = [this] { std::filesystem::rename(world.Host(R"(C:\Golf)"), world.Host(R"(C:\Gone)")); };

@@ -100,7 +100,7 @@ TEST(RegistryTextTest, ReadsEveryFormOfAValue) {
       {"\"o\"=hex(1):41,00,00,00,42,00", "o=?"},
       {"\"o\"=hex(4):01,02", "o=?"},
       // As the registry editor writes a text that has line breaks in it.
-      {"\"m\"=\"one\r\n[two]\n\n\"; end", "m=one\r\n[two]\n\n"},
+      {"\"m\"=\"one\r\n[two]\n\n\" ", "m=one\r\n[two]\n\n"},
       {"\"na\nme\"=\"x\"", "na\nme=x"},
   };
   for (const auto &[line, expected] : cases)

@@ -32,8 +32,10 @@ private:
 };
 
 void Fill(const std::string &home, const std::string &text) {
+  constexpr int keys = 300;
   std::vector<RegistryChange> changes;
-  for (int i = 0; i < 300; ++i)
+  changes.reserve(keys);
+  for (int i = 0; i < keys; ++i)
     changes.push_back(SetText("Courses\\" + std::to_string(i), "Name", text));
   SettingsStore(home).ApplyAll(changes);
 }

@@ -77,6 +77,8 @@ const RawZipEntry Link = {.name = "link.hlc", .data = {'/'}, .externalAttributes
 const RawZipEntry Device = {.name = "device.hlc", .externalAttributes = 0x21B60000};
 const RawZipEntry WindowsLink = {.name = "link.hlc", .versionMadeBy = 0x0A14, .externalAttributes = 0x00000420};
 const RawZipEntry Encrypted = {.name = "secret.hlc", .data = Bytes(20), .flags = 1};
+// Its size is in a field of 64 bits, which it lacks.
+const RawZipEntry Large = {.name = "large.hlc", .size = 0xFFFFFFFF};
 const RawZipEntry Bzip2 = {.name = "new.hlc", .data = {1}, .method = 12};
 
 INSTANTIATE_TEST_SUITE_P(
@@ -89,7 +91,7 @@ INSTANTIATE_TEST_SUITE_P(
         FaultCase{"DirectoryBehindTheEnd", 110, WithBytes(RawZipBytes({GoodEntry}, {.directoryOffset = 0x00FFFFFF}))},
         FaultCase{"DirectoryElsewhere", 110, WithBytes(RawZipBytes({GoodEntry}, {.directoryOffset = 3}))},
         FaultCase{"MoreEntriesThanCounted", 110, WithBytes(RawZipBytes({GoodEntry}, {.entries = 7}))},
-        FaultCase{"SizeOf64BitsMissing", 110, WithEntry({.name = "large.hlc", .size = 0xFFFFFFFF})},
+        FaultCase{"SizeOf64BitsMissing", 110, WithEntry(Large)},
         FaultCase{"CutInTheEndRecord", 160, WithBytes(CutBy(10))},
         FaultCase{"CutInTheData", 160, WithBytes(CutBy(600))},
         FaultCase{"LastOfManyDisks", 410, WithBytes(RawZipBytes({GoodEntry}, {.disk = 1}))},
