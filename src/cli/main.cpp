@@ -3,6 +3,7 @@
 
 #include "shell/Main.h"
 #include "cli/Commands.h"
+#include "platform/CommandLine.h"
 #include "platform/Terminal.h"
 #include "support/basVorinString.h"
 
@@ -12,7 +13,8 @@
 #include <functional>
 #include <iostream>
 #include <optional>
-#include <span>
+#include <string>
+#include <vector>
 
 namespace turfdesk {
 
@@ -228,23 +230,24 @@ std::string UsageErrorWords(const CLI::App &app, const CLI::ParseError &error) {
 }
 
 /// Ends without a command: the user asked for help, or the arguments were wrong and have not been taken over.
-ExitStatus EndParsing(const CLI::App &app, const CLI::ParseError &error, std::span<char *const> arguments) {
+ExitStatus EndParsing(const CLI::App &app, const CLI::ParseError &error, const std::vector<std::string> &arguments) {
   if (error.get_exit_code() == 0) {
     app.exit(error);
     return ExitStatus::Done;
   }
   const std::string words = UsageErrorWords(app, error);
-  if (std::find(arguments.begin(), arguments.end(), std::string_view("--json")) != arguments.end())
+  if (std::find(arguments.begin(), arguments.end(), "--json") != arguments.end())
     return Fail(true, words, ExitStatus::Usage);
   return Fail(false, words + Newlines(1) + "Run with --help for more information.", ExitStatus::Usage);
 }
 
-int RunTurfctl(int argc, char **argv) {
+int RunTurfctl(const std::vector<std::string> &arguments) {
   CommandLine commandLine;
   try {
-    commandLine.App().parse(argc, argv);
+    // The library takes them off the end.
+    commandLine.App().parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
   } catch (const CLI::ParseError &error) {
-    return static_cast<int>(EndParsing(commandLine.App(), error, {argv, static_cast<std::size_t>(argc)}));
+    return static_cast<int>(EndParsing(commandLine.App(), error, arguments));
   }
   const ExitStatus status = Run(commandLine.options, commandLine.command);
   // A script must not take an answer that could not be written for a success.
@@ -259,4 +262,7 @@ int RunTurfctl(int argc, char **argv) {
 
 } // namespace turfdesk
 
-int main(int argc, char **argv) { return turfdesk::RunTurfctl(argc, argv); }
+int main(int argc, char **argv) {
+  turfdesk::UseUtf8Terminal();
+  return turfdesk::RunTurfctl(turfdesk::CommandArguments(argc, argv));
+}

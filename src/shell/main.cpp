@@ -9,6 +9,7 @@
 #include "support/SharedState.h"
 #include "widgets/QtMessageBoxes.h"
 #include "widgets/QtScreen.h"
+#include "widgets/QtText.h"
 
 #include <QApplication>
 
@@ -41,13 +42,8 @@ private:
   bool mWindowShown = false;
 };
 
-/// All that stood behind the program's name and was not meant for the window system.
-std::string CommandTail(int argc, char **argv) {
-  std::string tail;
-  for (int i = 1; i < argc; ++i)
-    tail += (i > 1 ? " " : "") + std::string(argv[i]);
-  return tail;
-}
+/// All that stood behind the program's name and was not meant for the window system, which has taken out the rest.
+std::string CommandTail() { return ToUtf8(QApplication::arguments().mid(1).join(' ')); }
 
 /// What the program runs on, or why it cannot be had.
 struct Ground {
@@ -102,5 +98,5 @@ int main(int argc, char **argv) {
   const QApplication application(argc, argv);
   QApplication::setApplicationName("turfdesk");
   QApplication::setDesktopFileName("turfdesk");
-  return turfdesk::Start(ground, turfdesk::CommandTail(argc, argv));
+  return turfdesk::Start(ground, turfdesk::CommandTail());
 }
