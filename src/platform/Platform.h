@@ -65,7 +65,7 @@ public:
 
 /// Makes this system's platform. home, a host path in UTF-8, overrides where the program keeps its own files; empty
 /// takes the usual place. Throws RuntimeError, whose words say which folder is the matter, when that place cannot be
-/// made.
+/// made. Windows has its own place for all that the program keeps; there home means nothing.
 std::unique_ptr<Platform> MakePlatform(std::string_view home);
 
 } // namespace turfdesk

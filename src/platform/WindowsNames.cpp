@@ -69,8 +69,10 @@ bool IsFullWindowsPath(std::string_view path) {
   return letter >= 'a' && letter <= 'z' && (path.size() == 2 || IsSeparator(path[2]));
 }
 
-bool IsWindowsName(std::string_view name) {
-  if (name.empty() || name.size() > LongestName || name.ends_with(' ') || name.ends_with('.'))
+bool IsWindowsName(std::string_view name) { return name.size() <= LongestName && IsWindowsNameOfAnyLength(name); }
+
+bool IsWindowsNameOfAnyLength(std::string_view name) {
+  if (name.empty() || name.ends_with(' ') || name.ends_with('.'))
     return false;
   bool ascii = true;
   for (const char c : name) {

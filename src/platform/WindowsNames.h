@@ -20,4 +20,7 @@ bool IsFullWindowsPath(std::string_view path);
 /// characters, does not end in a blank or dot, and is no device name.
 bool IsWindowsName(std::string_view name);
 
+/// The same but for the length. On Windows itself the longest name is counted otherwise than here: in UTF-16 units.
+bool IsWindowsNameOfAnyLength(std::string_view name);
+
 } // namespace turfdesk

@@ -49,7 +49,7 @@ TEST_F(ConvertCommandsTest, ConvertsAndTellsWhatTheFormTells) {
                      {"route", "Please wait while your course is being converted..."}}}}}));
   EXPECT_EQ(Run("--json list --courses").Answer()["courses"][0]["name"], "Fågelsjö Äng");
 
-  const Outcome again = Run("convert '" + Host("Old Courses/Fågelsjö Äng").string() + "'");
+  const Outcome again = Run("convert '" + HostText("Old Courses/Fågelsjö Äng") + "'");
   EXPECT_EQ(again.status, 1) << "replaced, so the number of courses is the same";
   EXPECT_NE(again.output.find("Please wait while"), std::string::npos);
   EXPECT_NE(again.errors.find("The course could not be converted."), std::string::npos);
@@ -62,13 +62,13 @@ TEST_F(ConvertCommandsTest, OneFileThatFitsThePatternMakesACourse) {
   for (const auto &[name, message] : cases) {
     const std::filesystem::path folder = Host("Old") / (std::string("of ") + name);
     samples::WriteFile(folder / name, {});
-    const Outcome outcome = Run("--json convert '" + folder.string() + "'");
+    const Outcome outcome = Run("--json convert '" + samples::Utf8(folder) + "'");
     EXPECT_EQ(outcome.status, 1) << name;
     EXPECT_EQ(outcome.Answer()["messages"], Json::array({message})) << name;
     // A folder's own name does not make it a course.
     std::filesystem::remove(folder / name);
     std::filesystem::create_directories(folder / "a.qar");
-    EXPECT_EQ(Run("--json convert '" + folder.string() + "'").Answer()["messages"], Json::array({invalid}));
+    EXPECT_EQ(Run("--json convert '" + samples::Utf8(folder) + "'").Answer()["messages"], Json::array({invalid}));
   }
 }
 

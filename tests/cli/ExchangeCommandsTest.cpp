@@ -35,21 +35,10 @@ TEST_F(ExchangeCommandsTest, WhatIsExportedCanBeImported) {
   EXPECT_EQ(Run("--json tree export").Answer(), Json({{"text", text}}));
 
   ASSERT_EQ(Run("settings set Target other").status, 0);
-  const Outcome imported = Run("tree import '" + Host("out.reg").string() + "'");
+  const Outcome imported = Run("tree import '" + HostText("out.reg") + "'");
   EXPECT_EQ(imported.output, "Settings have been successfully imported: keys 1, values written 1, deletions 0, other "
                              "keys skipped 0.\n");
   EXPECT_EQ(Run("settings get Target").output, "D:\\Gölf\n");
-}
-
-TEST_F(ExchangeCommandsTest, ATerminalGetsTextThatCanBeRead) {
-  const std::string command =
-      std::string("script -qec \"") + TURFCTL + " --home '" + home.Path().string() + "' tree export\" /dev/null";
-  std::FILE *pipe = popen(command.c_str(), "r");
-  std::string shown;
-  for (int c = std::fgetc(pipe); c != EOF; c = std::fgetc(pipe))
-    shown += static_cast<char>(c);
-  EXPECT_EQ(pclose(pipe), 0);
-  EXPECT_EQ(shown, "Windows Registry Editor Version 5.00\r\n\r\n");
 }
 
 TEST_F(ExchangeCommandsTest, AnImportCountsWhatItDid) {
@@ -84,7 +73,7 @@ TEST_F(ExchangeCommandsTest, FilesAreReplacedByConsentAndFailuresTellTheirPath) 
   EXPECT_EQ(Read("out.reg"), "mine");
   EXPECT_EQ(Run(R"(--yes tree export 'C:\out.reg')").status, 0);
   for (const char *failing : {R"(import 'C:\none.reg')", R"(import 'C:\')", R"(export 'C:\none\out.reg')",
-                              R"(export 'Q:\out.reg')", R"(export 'C:\')", "import /proc/self/mem"}) {
+                              R"(export 'Q:\out.reg')", R"(export 'C:\')"}) {
     const Outcome outcome = Run(std::string("--json tree ") + failing);
     EXPECT_EQ(outcome.status, 1) << failing;
     EXPECT_NE(outcome.Answer()["messages"][0]["text"].get<std::string>().find(":\\"), std::string::npos) << failing;

@@ -53,7 +53,7 @@ TEST_F(ManageCommandsTest, UninstallAsksAsTheButtonDoes) {
 }
 
 TEST_F(ManageCommandsTest, MoveTellsStepsAndVerdict) {
-  const Outcome moved = Run("--json --yes move 'Old Elm' --to '" + Host("New").string() + "'");
+  const Outcome moved = Run("--json --yes move 'Old Elm' --to '" + HostText("New") + "'");
   ASSERT_EQ(moved.status, 0) << moved.output;
   const Json answer = moved.Answer();
   EXPECT_EQ(answer["verdict"], "Successfully moved \"Old Elm\"");
@@ -80,7 +80,7 @@ TEST_F(ManageCommandsTest, TheLibraryOfACommonKeyIsChosenByAnOption) {
 
 TEST_F(ManageCommandsTest, SetMediaWritesWhatIsGivenAndKeepsTheRest) {
   ASSERT_EQ(Run(R"(set-media 'Old Elm' --picture 'C:\a b.bmp' --text 'C:\t.txt')").status, 0);
-  ASSERT_EQ(Run("set-media 'Old Elm' --text '' --music '" + Host("m.mp3").string() + "'").status, 0);
+  ASSERT_EQ(Run("set-media 'Old Elm' --text '' --music '" + HostText("m.mp3") + "'").status, 0);
   const Json course = Run("--json show 'Old Elm'").Answer()["course"];
   EXPECT_EQ(course["picture"], R"(C:\a b.bmp)");
   EXPECT_EQ(course["music"], R"(C:\m.mp3)");

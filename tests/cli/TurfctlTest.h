@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "common/RunProgram.h"
 #include "common/TestWorld.h"
 #include "samples/GameFiles.h"
 #include "samples/Packages.h"
@@ -10,44 +11,33 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
-#include <cstdio>
+#include <algorithm>
 #include <fstream>
-#include <sys/wait.h>
+#include <iterator>
 
 namespace turfdesk {
 
 using Json = nlohmann::json;
 
-struct Outcome {
-  int status = -1;
-  std::string output;
-  std::string errors;
-
+struct Outcome : test::ProgramRun {
   Json Answer() const { return Json::parse(output); }
 };
 
 /// turfctl on a home of its own, run as a user runs it.
 class TurfctlTest : public testing::Test {
 protected:
-  Outcome Run(const std::string &arguments, const std::string &input = "") {
-    const std::filesystem::path errors = home.Path() / "errors";
-    const std::filesystem::path typed = home.Path() / "typed";
-    std::ofstream(typed) << input;
-    const std::string command = std::string(TURFCTL) + " --home '" + home.Path().string() + "' " + arguments + " < '" +
-                                typed.string() + "' 2> '" + errors.string() + "'";
-    Outcome outcome;
-    std::FILE *pipe = popen(command.c_str(), "r");
-    for (int c = std::fgetc(pipe); c != EOF; c = std::fgetc(pipe))
-      outcome.output += static_cast<char>(c);
-    outcome.status = WEXITSTATUS(pclose(pipe));
-    std::ifstream file(errors);
-    outcome.errors.assign(std::istreambuf_iterator<char>(file), {});
-    return outcome;
+  Outcome Run(const std::string &arguments, const std::string &input = "") const {
+    std::vector<std::string> words = {"--home", samples::Utf8(home.Path())};
+    std::ranges::copy(test::SplitArguments(arguments), std::back_inserter(words));
+    return {test::RunProgram(TURFCTL, words, input)};
   }
 
-  std::filesystem::path Host(const std::string &name) const { return home.Path() / "drive_c" / name; }
+  /// Host path of a path below drive C:, with slashes.
+  std::filesystem::path Host(const std::string &name) const { return test::HostIn(home.Path(), "C:\\" + name); }
+  /// The same as text.
+  std::string HostText(const std::string &name) const { return samples::Utf8(Host(name)); }
 
-  test::TempFolder home;
+  test::WorldHome home;
   const samples::LibrarySpec grass{.name = "Grass"};
   const samples::LibrarySpec trees{.name = "Trees"};
   const samples::CourseSpec elm{.name = "Old Elm", .libraries = {grass, trees}};

@@ -87,23 +87,17 @@ private:
   void Put(const std::string &path) const { samples::WriteFile(Host(path), samples::ToBytes("first at " + path)); }
 };
 
-/// Made once: a copy is had sooner than a new one.
-const std::filesystem::path &Template() {
-  static const TempFolder folder;
-  static const bool built = (GolfBuilder(folder.Path()).Build(), true);
-  static_cast<void>(built);
-  return folder.Path();
-}
+void BuildGolf(const std::filesystem::path &home) { GolfBuilder(home).Build(); }
 
 } // namespace
 
 GolfHome::GolfHome() {
-  using std::filesystem::copy_options;
-  std::filesystem::copy(Template(), mFolder.Path(), copy_options::recursive | copy_options::copy_symlinks);
+  Fill(mHome, BuildGolf);
   // All worlds are alike, down to the times that a package records.
-  for (const auto &entry : std::filesystem::recursive_directory_iterator(Drive()))
-    if (entry.is_regular_file())
-      std::filesystem::last_write_time(entry.path(), std::filesystem::file_time_type(std::chrono::hours(0)));
+  using std::chrono::sys_seconds, std::chrono::sys_days, std::chrono::year;
+  const auto time = std::chrono::file_clock::from_sys(sys_seconds(sys_days(year(2002) / 6 / 1)));
+  for (const auto &[path, content] : Files())
+    std::filesystem::last_write_time(Drive() / samples::HostPath(path), time);
 }
 
 GolfProgram::GolfProgram(const std::filesystem::path &home) : TestProgram(home) {
@@ -114,16 +108,6 @@ GolfProgram::GolfProgram(const std::filesystem::path &home) : TestProgram(home) 
   };
   LoadCourses(state);
   LoadLibraries(state);
-}
-
-std::map<std::string, std::string> FilesBelow(const std::filesystem::path &folder) {
-  std::map<std::string, std::string> files;
-  for (const auto &entry : std::filesystem::recursive_directory_iterator(folder))
-    if (entry.is_regular_file()) {
-      const samples::Bytes content = samples::ReadFile(entry.path());
-      files[entry.path().lexically_relative(folder).string()] = {content.begin(), content.end()};
-    }
-  return files;
 }
 
 } // namespace turfdesk::test

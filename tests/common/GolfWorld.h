@@ -31,7 +31,7 @@ struct GolfContent {
   const std::string waterKey = samples::KeyOf(water);
 };
 
-/// A home folder with something of everything, each file with a content of its own.
+/// A ground with something of everything, each file with a content of its own.
 ///
 /// Installed from C:\Golf: the course Old Elm (Elm.hlc) with music, video and text beside it and its picture in
 /// C:\Media, with statistics and swap files of the game; its libraries Grass and Trees, which it uses alone, and Water,
@@ -43,11 +43,12 @@ class GolfHome {
 public:
   GolfHome();
 
-  const std::filesystem::path &Path() const { return mFolder.Path(); }
-  std::filesystem::path Drive() const { return Path() / "drive_c"; }
+  const std::filesystem::path &Path() const { return mHome.Path(); }
+  std::filesystem::path Drive() const { return DriveOf(Path()); }
+  std::map<std::string, std::string> Files() const { return FilesOnDrive(Path()); }
 
 private:
-  TempFolder mFolder;
+  WorldHome mHome;
 };
 
 /// A program started on a golf world, with its lists loaded and C:\Temp for temporary files.
@@ -74,8 +75,5 @@ class GolfWorld : private GolfHome, public GolfProgram {
 public:
   GolfWorld() : GolfProgram(Path()) {}
 };
-
-/// The content of each file below a folder of the host, hidden ones included, by path relative to it.
-std::map<std::string, std::string> FilesBelow(const std::filesystem::path &folder);
 
 } // namespace turfdesk::test

@@ -4,25 +4,12 @@
 #include "common/TestWorld.h"
 
 #include "platform/RuntimeError.h"
+#include "samples/Basics.h"
 #include "shell/Main.h"
 
-#include <algorithm>
-#include <cstdlib>
 #include <stdexcept>
 
 namespace turfdesk::test {
-
-TempFolder::TempFolder() {
-  std::string pattern = (std::filesystem::temp_directory_path() / "turfdesk-test-XXXXXX").string();
-  if (mkdtemp(pattern.data()) == nullptr)
-    throw std::runtime_error("no temporary folder");
-  mPath = pattern;
-}
-
-TempFolder::~TempFolder() {
-  std::error_code ignored;
-  std::filesystem::remove_all(mPath, ignored);
-}
 
 BoxAnswer ScriptedBoxes::Show(const MessageBox &box) {
   shown.push_back(box);
@@ -57,15 +44,9 @@ RecordedWindow::RecordedWindow(CountingScreen &screen) {
 void RecordedWindow::MissingAnimation::Open(std::string_view) { throw RuntimeError(ErrorNumber::FileNotFound); }
 
 TestProgram::TestProgram(const std::filesystem::path &home)
-    : mHome(home), platform(MakePlatform(home.string())), window(screen), state(*platform, boxes, screen) {
+    : mHome(home), platform(MakePlatform(samples::Utf8(home))), window(screen), state(*platform, boxes, screen) {
   if (!Main(state, ""))
     throw std::runtime_error("the services could not be created");
-}
-
-std::filesystem::path TestProgram::Host(const std::string &windowsPath) const {
-  std::string below = windowsPath.substr(std::string("C:").size());
-  std::replace(below.begin(), below.end(), '\\', '/');
-  return mHome / "drive_c" / below.substr(1);
 }
 
 std::string TestProgram::MakeFolder(const std::string &windowsPath) const {

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "common/WorldHome.h"
 #include "platform/Platform.h"
 #include "platform/StatusWindow.h"
 #include "support/SharedState.h"
@@ -16,20 +17,6 @@
 #include <vector>
 
 namespace turfdesk::test {
-
-/// A folder of the host that is gone with the object.
-class TempFolder {
-public:
-  TempFolder();
-  TempFolder(const TempFolder &) = delete;
-  TempFolder &operator=(const TempFolder &) = delete;
-  ~TempFolder();
-
-  const std::filesystem::path &Path() const { return mPath; }
-
-private:
-  std::filesystem::path mPath;
-};
 
 /// Answers boxes from a script and remembers what was asked. A question beyond the script is refused, unless decide
 /// says otherwise.
@@ -105,7 +92,7 @@ public:
   explicit TestProgram(const std::filesystem::path &home);
 
   /// Host path of a Windows path under C:. Folders are made by MakeFolder.
-  std::filesystem::path Host(const std::string &windowsPath) const;
+  std::filesystem::path Host(const std::string &windowsPath) const { return HostIn(mHome, windowsPath); }
   /// Makes a folder, parents included, and gives its Windows path back.
   std::string MakeFolder(const std::string &windowsPath) const;
 
@@ -122,8 +109,8 @@ public:
   SharedState state;
 };
 
-/// A started program over a home of its own, whose drive C: is empty at first.
-class TestWorld : private TempFolder, public TestProgram {
+/// A started program over a ground of its own, see WorldHome.
+class TestWorld : private WorldHome, public TestProgram {
 public:
   TestWorld() : TestProgram(Path()) {}
 };

@@ -5,6 +5,7 @@
 
 #include "samples/Basics.h"
 
+#include <algorithm>
 #include <random>
 
 namespace turfdesk::test {
@@ -14,7 +15,8 @@ namespace {
 void AddFile(const std::filesystem::path &path, const std::filesystem::path &root,
              std::map<std::string, std::string> &files) {
   const samples::Bytes content = samples::ReadFile(path);
-  files[samples::Utf8(path.lexically_relative(root).generic_u8string())] = {content.begin(), content.end()};
+  const std::u8string name = path.lexically_relative(root).generic_u8string();
+  files[{name.begin(), name.end()}] = {content.begin(), content.end()};
 }
 
 void AddFilesBelow(const std::filesystem::path &folder, const std::filesystem::path &root,
@@ -39,8 +41,9 @@ TempFolder::~TempFolder() {
 }
 
 std::filesystem::path HostIn(const std::filesystem::path &home, const std::string &windowsPath) {
-  const std::filesystem::path below = samples::HostPath(samples::WithSlashes(windowsPath.substr(2)));
-  return (DriveOf(home) / below.relative_path()).make_preferred();
+  std::string below = windowsPath.substr(std::string("C:\\").size());
+  std::ranges::replace(below, '\\', '/');
+  return (DriveOf(home) / samples::HostPath(below)).make_preferred();
 }
 
 std::map<std::string, std::string> FilesBelow(const std::filesystem::path &folder) {
@@ -53,18 +56,19 @@ std::map<std::string, std::string> FilesOnDrive(const std::filesystem::path &hom
   const std::filesystem::path root = DriveOf(home);
   std::map<std::string, std::string> files;
   for (const auto &entry : std::filesystem::directory_iterator(root)) {
+    if (IsOfSystem(entry.path()))
+      continue;
     if (entry.is_regular_file())
       AddFile(entry.path(), root, files);
-    else if (entry.is_directory() && !IsOfSystem(entry.path()))
+    if (entry.is_directory())
       AddFilesBelow(entry.path(), root, files);
   }
   return files;
 }
 
 void SetReadOnly(const std::filesystem::path &file, bool readOnly) {
-  std::filesystem::permissions(
-      file, std::filesystem::perms::owner_write | std::filesystem::perms::group_write,
-      readOnly ? std::filesystem::perm_options::remove : std::filesystem::perm_options::add);
+  std::filesystem::permissions(file, std::filesystem::perms::owner_write | std::filesystem::perms::group_write,
+                               readOnly ? std::filesystem::perm_options::remove : std::filesystem::perm_options::add);
 }
 
 } // namespace turfdesk::test

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <map>
 #include <string>
+#include <vector>
 
 namespace turfdesk::test {
 
@@ -48,14 +49,17 @@ std::filesystem::path HostIn(const std::filesystem::path &home, const std::strin
 /// The content of each file below a folder of the host, hidden ones included, by path relative to it with slashes.
 std::map<std::string, std::string> FilesBelow(const std::filesystem::path &folder);
 
-/// The same of the whole drive C:, without the system's own folders.
+/// The same of the whole drive C:, without what is the system's own.
 std::map<std::string, std::string> FilesOnDrive(const std::filesystem::path &home);
 
-/// Is this a folder of drive C: that the system itself has made?
-bool IsOfSystem(const std::filesystem::path &folder);
+/// Is this one of the things on drive C: that the system itself has made?
+bool IsOfSystem(const std::filesystem::path &path);
 
 /// Gives a new ground what build makes, which is always the same.
 void Fill(const WorldHome &home, void (*build)(const std::filesystem::path &home));
+
+/// Gives a folder of drive C: other names, each of another kind, by which the system finds the same files.
+std::vector<std::string> MakeAliases(const std::filesystem::path &home, const std::string &folder);
 
 /// Takes the permission to change a file away, or gives it back.
 void SetReadOnly(const std::filesystem::path &file, bool readOnly);

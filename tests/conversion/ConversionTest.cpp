@@ -234,10 +234,13 @@ TEST_F(ConversionTest, WhatCannotBeStartedLeavesTheFormAndTheLists) {
     return Log{begun[0], begun[1],
                "stop [Turf Desk] Unable to start the converter.\r\n\r\n" + Converter + "\r\n\r\n" + reason};
   };
+  // Neither what it holds nor, where that counts, its permissions let it be started.
+  samples::WriteFile(world.Host(Converter), samples::ToBytes("no program"));
   std::filesystem::permissions(world.Host(Converter), std::filesystem::perms::owner_read);
   log.clear();
   EXPECT_FALSE(Convert());
   EXPECT_EQ(log, told("Path/File access error"));
+  test::SetReadOnly(world.Host(Converter), false);
   std::filesystem::remove(world.Host(Converter));
   log.clear();
   EXPECT_FALSE(Convert());
@@ -283,7 +286,11 @@ TEST_F(ConversionTest, OnlyTheNumberOfCoursesDecides) {
 TEST_F(ConversionTest, TheFolderIsOneArgumentOrNone) {
   const std::string folder = R"(C:\Old Courses\Fågelsjö  Äng -x)";
   EXPECT_TRUE(Convert({.name = "Elm"}, folder));
-  EXPECT_EQ(Arguments(), world.Host(folder).string() + "\n");
+  const std::string argument = Arguments();
+  ASSERT_EQ(argument.find('\n'), argument.size() - 1) << argument;
+  EXPECT_TRUE(
+      std::filesystem::equivalent(samples::HostPath(argument.substr(0, argument.size() - 1)), world.Host(folder)))
+      << argument;
   processes.hasNoShortPaths = true;
   EXPECT_FALSE(Convert({.name = "Oak"}, folder));
   EXPECT_EQ(Arguments(), "");
@@ -310,10 +317,11 @@ TEST_F(ConversionTest, TheQuillonConverterIsLeftToItself) {
   EXPECT_EQ(Arguments(quillon), "");
   EXPECT_EQ(state.lstCourses.Count(), 0U);
 
-  std::filesystem::remove(world.Host(quillon));
+  Set(TurfManagerValue, world.MakeFolder(R"(C:\Empty)"));
   log.clear();
   EXPECT_FALSE(RunQuillonConverter(state));
-  EXPECT_EQ(log.back(), "stop [Turf Desk] Unable to start the converter.\r\n\r\n" + quillon + "\r\n\r\nFile not found");
+  EXPECT_EQ(log.back(), "stop [Turf Desk] Unable to start the converter.\r\n\r\n"
+                        "C:\\Empty\\QuillonConverter.exe\r\n\r\nFile not found");
 }
 
 } // namespace turfdesk

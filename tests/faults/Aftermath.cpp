@@ -161,7 +161,7 @@ Picture Look(const std::filesystem::path &home) {
   const test::GolfProgram program(home);
   for (const MessageBox &box : program.boxes.shown)
     ADD_FAILURE() << "at the next start: " << box.text;
-  return {test::FilesBelow(home / "drive_c"), RowsOf(program.state)};
+  return {test::FilesOnDrive(home), RowsOf(program.state)};
 }
 
 void ExpectNothingLost(const Pictures &pictures) {

@@ -10,8 +10,6 @@
 
 #include <gtest/gtest.h>
 
-#include <sys/stat.h>
-
 namespace turfdesk {
 
 namespace {
@@ -82,12 +80,12 @@ TEST_F(MediaAndStatisticsTest, StatisticsAreClearedOfTheSelectedCourseWhicheverL
   state.activeList = ActiveLibraries;
   EXPECT_FALSE(clear(false));
   EXPECT_EQ(Boxes(), Texts{question});
-  chmod(file.c_str(), 0444);
+  test::SetReadOnly(file, true);
   EXPECT_FALSE(clear(true));
   EXPECT_EQ(world.boxes.shown.back().icon, BoxIcon::Stop);
   EXPECT_EQ(Boxes(), (Texts{question, "Unable to clear statistics."}));
   EXPECT_TRUE(std::filesystem::exists(file));
-  chmod(file.c_str(), 0644);
+  test::SetReadOnly(file, false);
   for (int time = 0; time < 2; ++time) {
     EXPECT_TRUE(clear(true));
     EXPECT_EQ(Boxes(), (Texts{question, "Statistics have been cleared."}));

@@ -10,9 +10,6 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <sys/stat.h>
-
 namespace turfdesk {
 
 namespace {
@@ -58,7 +55,7 @@ protected:
   bool Shows(const std::string &libraryKey) { return world.state.lstLibraries.FindKey(libraryKey) != nullptr; }
 
   test::GolfWorld world;
-  const std::map<std::string, std::string> filesBefore = test::FilesBelow(world.Host("C:\\"));
+  const std::map<std::string, std::string> filesBefore = test::FilesOnDrive(world.Home());
   const std::string statistics = R"(C:\QuillonGolf\Courses\)" + world.elmKey + ".sta";
   const std::string grassSwapFile = R"(C:\QuillonGolf\SwapFiles\)" + world.grassKey + ".swp";
   const std::string treesSwapFile = R"(C:\QuillonGolf\SwapFiles\)" + world.treesKey + ".swp";
@@ -117,7 +114,7 @@ TEST_F(UninstallTest, ALibraryAsksOnceForEachCourseThatUsesIt) {
     if (refused > 0)
       shown.push_back("Unable to uninstall library.");
     EXPECT_EQ(Boxes(), shown);
-    EXPECT_EQ(test::FilesBelow(world.Host("C:\\")), filesBefore);
+    EXPECT_EQ(test::FilesOnDrive(world.Home()), filesBefore);
     EXPECT_TRUE(Shows(world.waterKey));
   }
   EXPECT_TRUE(Library(world.waterKey, {true, true, true}));
@@ -141,7 +138,7 @@ TEST_F(UninstallTest, AKeyThatIsKnownToStayKeepsEverything) {
   EXPECT_FALSE(Library(world.grassKey, {true, true}));
   EXPECT_EQ(Boxes(),
             (Texts{SureOfLibrary("Grass"), UsedBy("Old Elm"), "Access is denied.", "Unable to uninstall library."}));
-  EXPECT_EQ(test::FilesBelow(world.Host("C:\\")), filesBefore);
+  EXPECT_EQ(test::FilesOnDrive(world.Home()), filesBefore);
   EXPECT_EQ(world.TakeDeleted(), Texts{});
   EXPECT_EQ(world.state.lstCourses.Count() + world.state.lstLibraries.Count(), 5U);
 }
@@ -175,8 +172,8 @@ TEST_F(UninstallTest, AnOrphanWhoseKeyStaysDoesNotKeepTheCourse) {
 TEST_F(UninstallTest, FilesThatAreMissingOrStayDoNotKeepTheRest) {
   for (const char *missing : {R"(C:\Golf\Elm.hlc)", R"(C:\Golf\Elm.avi)", R"(C:\Golf\Grass.hlb)"})
     std::filesystem::remove(world.Host(missing));
-  chmod(world.Host(R"(C:\Media\Elm.bmp)").c_str(), 0444);
-  chmod(world.Host(R"(C:\Golf\Trees.hlb)").c_str(), 0444);
+  test::SetReadOnly(world.Host(R"(C:\Media\Elm.bmp)"), true);
+  test::SetReadOnly(world.Host(R"(C:\Golf\Trees.hlb)"), true);
   EXPECT_TRUE(Course(world.elmKey, {true, true, true}));
   EXPECT_EQ(Boxes(), (Texts{Sure("Old Elm"), Orphan("Grass"), Orphan("Trees"),
                             "Old Elm\r\n\r\nCourse was successfully uninstalled."}));
@@ -193,7 +190,7 @@ TEST_F(UninstallTest, WithoutAYesOrASelectionNothingHappens) {
   EXPECT_FALSE(Library("no such row", {true}));
   EXPECT_EQ(world.boxes.shown.back().icon, BoxIcon::Stop);
   EXPECT_EQ(Boxes(), Texts{"No course or library has been selected."});
-  EXPECT_EQ(test::FilesBelow(world.Host("C:\\")), filesBefore);
+  EXPECT_EQ(test::FilesOnDrive(world.Home()), filesBefore);
 }
 
 } // namespace turfdesk

@@ -111,8 +111,10 @@ TEST_F(RunCompressTest, AFaultOfTheZipLayerIsShownWithItsWords) {
 }
 
 TEST_F(RunCompressTest, AFileThatGoesIntoThePackageIsNotReplacedByItHoweverItIsNamed) {
-  std::filesystem::create_symlink(world.Host(R"(C:\Golf)"), world.Host(R"(C:\Links)"));
-  for (const char *name : {R"(C:\Golf\Elm.hlc)", R"(c:\golf\ELM.HLC)", R"(C:\Links\Elm.hlc)"}) {
+  Texts names = {R"(C:\Golf\Elm.hlc)", R"(c:\golf\ELM.HLC)"};
+  for (const std::string &alias : test::MakeAliases(world.Home(), R"(C:\Golf)"))
+    names.push_back(alias + R"(\Elm.hlc)");
+  for (const std::string &name : names) {
     request.packageName = name;
     EXPECT_FALSE(Run({true}));
     EXPECT_EQ(world.boxes.TakeTexts().back(), "Error 130:  Bad call.");

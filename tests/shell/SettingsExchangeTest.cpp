@@ -1,22 +1,12 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 Turf Desk contributors
 
-#include "shell/SettingsExchange.h"
+#include "shell/SettingsExchangeTest.h"
+
 #include "support/RegistryTextWriter.h"
 #include "support/basVorinRegistry.h"
 
 #include "common/InjectedFault.h"
-#include "common/TestWorld.h"
-
-#include <gtest/gtest.h>
-#include <sqlite3.h>
-
-#include <dlfcn.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <cerrno>
-#include <fstream>
 
 namespace turfdesk {
 
@@ -24,58 +14,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-const std::string header = "Windows Registry Editor Version 5.00\n";
-const std::string base = R"(HKEY_LOCAL_MACHINE\Software\KESTRAVON\Marrowfell 2002)";
-constexpr const char *file = R"(C:\settings.reg)";
 constexpr const char *question = "C:\\settings.reg\r\n\r\nFile already exists. Do you wish to replace?";
-
-/// Statements that change the store until one fails; 0 lets all pass.
-int statementsUntilFailure = 0;
-
-void WriteText(const std::filesystem::path &path, const std::string &text) { std::ofstream(path) << text; }
-
-std::string ContentOf(const std::filesystem::path &path) {
-  std::ifstream content(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(content), {}};
-}
-
-std::string SettingsOf(SharedState &state) {
-  std::string text;
-  EXPECT_TRUE(ReadSettingsText(state, text));
-  return text;
-}
-
-std::string SettingsIn(const std::filesystem::path &home) {
-  test::TestProgram program(home);
-  return SettingsOf(program.state);
-}
-
-bool Import(test::TestProgram &program, const std::string &text) {
-  WriteText(program.Host(file), text);
-  ImportCounts counts;
-  return ImportSettings(program.state, file, counts);
-}
-
-/// An import that changes, makes and deletes keys and values, and the settings before and after it.
-struct Change {
-  Change() {
-    test::TestWorld world;
-    Import(world, old);
-    before = SettingsOf(world.state);
-    Import(world, update);
-    after = SettingsOf(world.state);
-  }
-
-  const std::string old = header + "[-HKEY_CLASSES_ROOT\\.hlb]\n[-" + base + "]\n[" + base +
-                          "]\n\"InstallDir\"=\"old\"\n\"Gone\"=\"x\"\n[" + base +
-                          "\\Courses\\{1}]\n\"Name\"=\"one\"\n[" + base + "\\Courses\\{1}\\Below]\n\"n\"=dword:1\n";
-  const std::string update = header + "[-" + base + "\\Courses]\n[" + base +
-                             "]\n\"InstallDir\"=\"new\"\n\"Gone\"=-\n[" + base +
-                             "\\Courses\\{2}]\n\"Name\"=\"two\"\n\"Text\"=\"" + std::string(20000, 'x') +
-                             "\"\n[HKEY_CLASSES_ROOT\\.hlb]\n@=\"type\"\n";
-  std::string before;
-  std::string after;
-};
 
 class SettingsExchangeTest : public testing::Test {
 protected:
@@ -84,16 +23,6 @@ protected:
 };
 
 } // namespace
-
-// Takes the place of SQLite's own.
-extern "C" int sqlite3_step(sqlite3_stmt *statement) {
-  static const auto real = reinterpret_cast<int (*)(sqlite3_stmt *)>(dlsym(RTLD_NEXT, "sqlite3_step"));
-  // Those that SQLite makes for itself have no text.
-  const char *text = sqlite3_sql(statement);
-  const std::string_view sql = text != nullptr ? text : "";
-  const bool isCounted = statementsUntilFailure > 0 && (sql.starts_with("INSERT") || sql.starts_with("DELETE"));
-  return isCounted && --statementsUntilFailure == 0 ? SQLITE_FULL : real(statement);
-}
 
 TEST_F(SettingsExchangeTest, ExportImportAndExportGiveTheSameBytes) {
   std::string name;
@@ -189,11 +118,6 @@ TEST_F(SettingsExchangeTest, WhatIsWrongIsToldAndNothingChanges) {
   EXPECT_EQ(
       world.boxes.TakeTexts(),
       Texts{path + "These values are neither texts nor numbers. They were skipped.\r\n\r\nLine 3: " + base + ", x"});
-  ASSERT_TRUE(SetRegistryValue(state, LocalMachine, R"(Software\KESTRAVON\Marrowfell 2002)", "y", "\xE4"));
-  EXPECT_FALSE(ExportSettings(state, R"(C:\out.reg)"));
-  EXPECT_EQ(world.boxes.TakeTexts(),
-            Texts{base + "\r\n\r\nA name or a text of this settings key cannot be written to a file."});
-  EXPECT_FALSE(std::filesystem::exists(world.Host(R"(C:\out.reg)")));
 }
 
 TEST_F(SettingsExchangeTest, AnOldFileIsReplacedOnlyByConsentAndByAWholeOne) {
@@ -202,7 +126,7 @@ TEST_F(SettingsExchangeTest, AnOldFileIsReplacedOnlyByConsentAndByAWholeOne) {
   EXPECT_FALSE(ExportSettings(state, file));
   EXPECT_EQ(world.boxes.TakeTexts(), Texts{question});
   {
-    const InjectedFault fault("pwrite", ENOSPC);
+    const InjectedFault fault(Refusal(DiskWork::Write));
     world.boxes.answers = {true};
     EXPECT_FALSE(ExportSettings(state, file));
     EXPECT_EQ(world.boxes.TakeTexts(), (Texts{question, "C:\\settings.reg\r\n\r\nDisk full"}));
@@ -211,62 +135,6 @@ TEST_F(SettingsExchangeTest, AnOldFileIsReplacedOnlyByConsentAndByAWholeOne) {
   world.boxes.answers = {true};
   EXPECT_TRUE(ExportSettings(state, file));
   EXPECT_NE(ContentOf(world.Host(file)), "old");
-}
-
-TEST_F(SettingsExchangeTest, AnImportThatFailsAnywhereChangesNothing) {
-  const Change change;
-  test::TestProgram other(world.Home());
-  ASSERT_TRUE(Import(world, change.old));
-  WriteText(world.Host(file), change.update);
-  ImportCounts counts;
-  int failures = 0;
-  for (int statement = 1; failures == statement - 1; ++statement) {
-    statementsUntilFailure = statement;
-    const bool isImported = ImportSettings(state, file, counts);
-    const bool hasFailed = std::exchange(statementsUntilFailure, 0) == 0;
-    EXPECT_EQ(isImported, !hasFailed) << statement;
-    EXPECT_EQ(world.boxes.TakeTexts().size(), hasFailed ? 1U : 0U) << statement;
-    for (SharedState *view : {&state, &other.state})
-      ASSERT_EQ(SettingsOf(*view), hasFailed ? change.before : change.after) << statement;
-    EXPECT_EQ(GetRegistryValue(other.state, LocalMachine, R"(Software\KESTRAVON\Marrowfell 2002)", "InstallDir", ""),
-              hasFailed ? "old" : "new");
-    failures += hasFailed ? 1 : 0;
-  }
-  EXPECT_GT(failures, 10) << "one for each key and value that comes or goes";
-}
-
-TEST_F(SettingsExchangeTest, ADiskThatFailsOrAProcessThatDiesLeavesAllOrNothing) {
-  enum End { Untouched, Failed, DoneInSpiteOfFault };
-  const Change change;
-  const test::TempFolder home;
-  for (const int error : {EIO, ENOSPC, Fault::Kill}) {
-    int status = -1;
-    int call = 0;
-    while (status != Untouched) {
-      {
-        test::TestProgram program(home.Path());
-        ASSERT_TRUE(Import(program, change.old));
-        WriteText(program.Host(file), change.update);
-      }
-      ++call;
-      const pid_t process = fork();
-      if (process == 0) {
-        test::TestProgram program(home.Path());
-        const InjectedFault fault({{"write", "pwrite", "ftruncate", "fsync", "fdatasync"}, error, call, call});
-        ImportCounts counts;
-        const bool isImported = ImportSettings(program.state, file, counts);
-        _exit(!isImported ? Failed : fault.Count() == 0 ? Untouched : DoneInSpiteOfFault);
-      }
-      ASSERT_EQ(waitpid(process, &status, 0), process);
-      const std::string found = SettingsIn(home.Path());
-      ASSERT_TRUE(found == change.after || found == change.before) << error << " at call " << call;
-      if (WIFEXITED(status)) {
-        status = WEXITSTATUS(status);
-        ASSERT_EQ(found == change.after, status != Failed) << error << " at call " << call;
-      }
-    }
-    EXPECT_GT(call, 10) << "the import writes and flushes a journal and many pages";
-  }
 }
 
 } // namespace turfdesk

@@ -51,32 +51,6 @@ TEST(MainTest, ReadsItsSettingsOnceWithDefaults) {
   EXPECT_EQ(state.defaultDir, R"(D:\Golf)");
 }
 
-TEST(MainTest, ADamagedTreeIsToldRepairedAndEndsTheProgram) {
-  test::TempFolder home;
-  test::ScriptedBoxes boxes;
-  test::CountingScreen screen;
-  const auto start = [&] {
-    const auto platform = MakePlatform(home.Path().string());
-    SharedState state(*platform, boxes, screen);
-    const bool started = Main(state, "");
-    if (started) {
-      SetRegistryValue(state, LocalMachine, BaseKey, "InstallDir", R"(D:\Golf)");
-      platform->NoteCleanStart();
-    }
-    return std::pair(started, state.installDir);
-  };
-  ASSERT_TRUE(start().first);
-  ASSERT_TRUE(start().first);
-  std::filesystem::resize_file(home.Path() / "settings.db", 5000);
-  EXPECT_FALSE(start().first);
-  const Texts texts = boxes.TakeTexts();
-  ASSERT_EQ(texts.size(), 3U);
-  EXPECT_TRUE(texts[0].starts_with("basVorinInit.Init(): "));
-  EXPECT_EQ(texts[1], "Necessary dll's have been unregistered.\r\nTurf Desk will attempt to restore them.\r\n"
-                      "Please restart Turf Desk.");
-  EXPECT_EQ(start(), std::pair(true, std::string(R"(D:\Golf)"))) << "the good copy is back";
-}
-
 TEST(LoadListsTest, RowsAreSortedAndTheListInUseHasItsFirstRowSelected) {
   test::TestWorld world;
   SharedState &state = world.state;

@@ -6,7 +6,6 @@
 #include "support/basVorinRegistry.h"
 
 #include "common/TestWorld.h"
-#include "samples/Basics.h"
 
 #include <gtest/gtest.h>
 
@@ -53,16 +52,17 @@ protected:
   void Name(const std::string &key, const char *value, const std::string &text) {
     ASSERT_TRUE(SetRegistryValue(state, LocalMachine, "Software\\Microsoft\\" + key, value, text));
   }
-  /// A tool that leaves a note beside it.
+  /// A program that leaves a note beside it and, without arguments, does nothing else.
   void PutTool(const std::string &path) const {
-    samples::WriteFile(world.Host(path), samples::ToBytes("#!/bin/sh\n: >\"${0%/*}/started\"\n"));
-    std::filesystem::permissions(world.Host(path), std::filesystem::perms::owner_all);
+    std::filesystem::create_directories(world.Host(path).parent_path());
+    std::filesystem::copy_file(std::filesystem::path(SAMPLE_CONVERTERS) / "LayoutConverter.exe", world.Host(path));
   }
-  bool WasStarted(const std::string &folder) const {
+  bool HasNote(const std::string &tool) const { return std::filesystem::exists(world.Host(tool + ".arguments")); }
+  bool WasStarted(const std::string &tool) const {
     const auto patience = std::chrono::steady_clock::now() + 10s;
-    while (!std::filesystem::exists(world.Host(folder) / "started") && std::chrono::steady_clock::now() < patience)
+    while (!HasNote(tool) && std::chrono::steady_clock::now() < patience)
       std::this_thread::sleep_for(10ms);
-    return std::filesystem::exists(world.Host(folder) / "started");
+    return HasNote(tool);
   }
   void ExpectUnavailable() {
     StartSysInfo(state);
@@ -125,11 +125,11 @@ TEST_F(SystemInfoTest, StartsTheToolOfThePathThatIsNamedFirst) {
   PutTool(R"(C:\Shared\MSINFO32.EXE)");
   Name("Shared Tools Location", "MSINFO", R"(C:\Shared)");
   StartSysInfo(state);
-  EXPECT_TRUE(WasStarted(R"(C:\Shared)"));
+  EXPECT_TRUE(WasStarted(R"(C:\Shared\MSINFO32.EXE)"));
   PutTool(R"(C:\Named\info.exe)");
   Name(R"(Shared Tools\MSINFO)", "PATH", R"(C:\Named\info.exe)");
   StartSysInfo(state);
-  EXPECT_TRUE(WasStarted(R"(C:\Named)"));
+  EXPECT_TRUE(WasStarted(R"(C:\Named\info.exe)"));
   EXPECT_TRUE(world.boxes.shown.empty());
 }
 
@@ -143,7 +143,7 @@ TEST_F(SystemInfoTest, WithoutAToolThereIsAMessage) {
     Name(R"(Shared Tools\MSINFO)", "PATH", path);
     ExpectUnavailable();
   }
-  EXPECT_FALSE(std::filesystem::exists(world.Host(R"(C:\Shared\started)")));
+  EXPECT_FALSE(HasNote(R"(C:\Shared\MSINFO32.EXE)"));
 }
 
 } // namespace turfdesk

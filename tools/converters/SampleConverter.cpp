@@ -12,19 +12,21 @@ namespace turfdesk::samples {
 namespace {
 
 std::filesystem::path HomeAbove(const std::filesystem::path &program) {
+  if constexpr (std::filesystem::path::preferred_separator == '\\')
+    return {};
   for (std::filesystem::path folder = program.parent_path(); folder != folder.parent_path();
        folder = folder.parent_path())
     if (std::filesystem::exists(folder / "settings.db"))
       return folder;
-  throw std::runtime_error("no settings tree above " + program.string());
+  throw std::runtime_error("no settings tree above " + Utf8(program));
 }
 
 } // namespace
 
-SampleConverter::SampleConverter(std::span<char *const> arguments)
-    : mProgram(std::filesystem::absolute(arguments.front())) {
+SampleConverter::SampleConverter(const char *program, const std::vector<std::string> &arguments)
+    : mProgram(std::filesystem::absolute(HostPath(program))) {
   std::string lines;
-  for (const char *argument : arguments.subspan(1))
+  for (const std::string &argument : arguments)
     lines.append(argument).append("\n");
   WriteFile(std::filesystem::path(mProgram).concat(".arguments"), ToBytes(lines));
 }

@@ -5,17 +5,15 @@
 
 #include "samples/Basics.h"
 
-#include <span>
-
 namespace turfdesk::samples {
 
 /// A run of one of the sample converters. Its program lies in the world that it works on: the home folder is the first
-/// one above it that holds a settings tree.
+/// one above it that holds a settings tree. On Windows the world is the system.
 class SampleConverter {
 public:
-  /// arguments are those of the process, the path of the program first. They are written, one a line and the path left
-  /// out, to a file beside the program that is named after it and ends in ".arguments".
-  explicit SampleConverter(std::span<char *const> arguments);
+  /// Takes the path of the program, as its process was told it, and the arguments. These are written, one a line, to a
+  /// file beside the program that is named after it and ends in ".arguments".
+  SampleConverter(const char *program, const std::vector<std::string> &arguments);
 
   /// Makes a course of this name and enters it in the catalogue; one that is there is replaced. Throws
   /// std::system_error or RuntimeError.

@@ -50,7 +50,7 @@ std::uint64_t Hash(std::string_view text, std::uint64_t start) {
 }
 
 [[noreturn]] void ThrowSystemError(const std::filesystem::path &path) {
-  throw std::system_error(errno, std::generic_category(), path.string());
+  throw std::system_error(errno, std::generic_category(), Utf8(path));
 }
 
 } // namespace
@@ -88,6 +88,11 @@ std::string ToWindows1252(std::string_view utf8) {
 }
 
 std::filesystem::path HostPath(std::string_view utf8) { return {std::u8string(utf8.begin(), utf8.end())}; }
+
+std::string Utf8(const std::filesystem::path &path) {
+  const std::u8string text = path.u8string();
+  return {text.begin(), text.end()};
+}
 
 void WriteFile(const std::filesystem::path &path, std::span<const std::uint8_t> content) {
   if (path.has_parent_path())

@@ -32,6 +32,9 @@ std::string ToWindows1252(std::string_view utf8);
 /// A path from UTF-8 text, whatever the host's own encoding.
 std::filesystem::path HostPath(std::string_view utf8);
 
+/// The UTF-8 text of a path.
+std::string Utf8(const std::filesystem::path &path);
+
 /// Writes a whole file, making missing folders and replacing what stood there. Throws std::system_error.
 void WriteFile(const std::filesystem::path &path, std::span<const std::uint8_t> content);
 

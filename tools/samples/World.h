@@ -11,7 +11,8 @@ namespace turfdesk::samples {
 
 /// A home folder of the program to be made, with a drive C: that has the game on it.
 struct WorldSpec {
-  /// May exist. Files of the same names are replaced; the catalogue's entries are added to those there are.
+  /// May exist; without meaning on Windows, where the world is the system itself. Files of the same names are replaced;
+  /// the catalogue's entries are added to those there are.
   std::filesystem::path home;
   /// So many courses with generated names, for measuring. Left out: a dozen hand-picked ones with all that can befall
   /// a course: no, one, three and fifty libraries, shared and missing ones, media, missing files, accents.

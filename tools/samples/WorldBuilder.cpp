@@ -5,6 +5,7 @@
 
 #include "avi/AviFile.h"
 #include "avi/Scene.h"
+#include "platform/CaseFold.h"
 #include "samples/Media.h"
 
 #include <algorithm>
@@ -14,6 +15,7 @@ namespace turfdesk::samples {
 namespace {
 
 constexpr std::string_view GameKey = "Software\\KESTRAVON\\Marrowfell 2002";
+constexpr std::string_view InstallDirValue = "InstallDir";
 
 std::string InGame(std::string_view rest) { return std::string(WorldBuilder::InstallDir) + '\\' + std::string(rest); }
 
@@ -23,23 +25,29 @@ std::string CourseKeyPath(const CourseSpec &course) { return "Courses\\" + KeyOf
 
 } // namespace
 
-WorldBuilder::WorldBuilder(std::filesystem::path home) : mHome(std::move(home)) {
-  std::filesystem::create_directories(mHome);
-  // It holds a person's own files; the program makes it with these permissions as well.
-  std::filesystem::permissions(mHome, std::filesystem::perms::owner_all);
-}
+WorldBuilder::WorldBuilder(const std::filesystem::path &home)
+    : mPlatform(MakePlatform(Utf8(home))), mDrive(HostPath(mPlatform->ToHostPath("C:\\"))) {}
 
 std::filesystem::path WorldBuilder::OnDrive(std::string_view windowsPath) const {
-  constexpr std::string_view drive = "C:\\";
-  std::string relative(windowsPath.substr(drive.size()));
-  std::replace(relative.begin(), relative.end(), '\\', '/');
-  return mHome / "drive_c" / HostPath(relative);
+  // The platform would look for each name in a folder, where thousands of courses may be.
+  std::string relative(windowsPath.substr(std::string_view("C:\\").size()));
+  std::ranges::replace(relative, '\\', '/');
+  return mDrive / HostPath(relative);
+}
+
+bool WorldBuilder::HasAnotherGame() {
+  const RegistryBranch branch = {RegistryRoot::LocalMachine, std::string(GameKey)};
+  for (const RegistryKeyContent &key : mPlatform->Branches().Read({&branch, 1}))
+    for (const RegistryValue &value : key.values)
+      if (EqualsIgnoringCase(key.keyPath, GameKey) && EqualsIgnoringCase(value.name, InstallDirValue))
+        return !EqualsIgnoringCase(value.data.text, InstallDir);
+  return false;
 }
 
 void WorldBuilder::AddGame() {
   for (const char *folder : {"Bin", "Courses", "Libraries", "SwapFiles"})
     std::filesystem::create_directories(OnDrive(InGame(folder)));
-  Enter("", "InstallDir", std::string(InstallDir));
+  Enter("", InstallDirValue, std::string(InstallDir));
   Enter("", "TurfManager", InGame("Bin"));
   Enter("", "Target", std::string(OldCourses));
 }
@@ -86,7 +94,7 @@ void WorldBuilder::AddSwapFile(const LibrarySpec &library) {
 }
 
 void WorldBuilder::WriteCatalogue() {
-  SettingsStore(mHome.string()).ApplyAll(mEntries);
+  mPlatform->Branches().Apply(mEntries);
   mEntries.clear();
 }
 

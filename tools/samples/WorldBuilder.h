@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "platform/posix/SettingsStore.h"
+#include "platform/Platform.h"
 #include "samples/GameFiles.h"
 
 namespace turfdesk::samples {
@@ -19,7 +19,8 @@ struct CourseMedia {
 /// Puts files on a world's drive C: and gathers the catalogue's entries for them.
 class WorldBuilder {
 public:
-  explicit WorldBuilder(std::filesystem::path home);
+  /// The home folder is made where it is missing. Windows has none: there the world is the system itself.
+  explicit WorldBuilder(const std::filesystem::path &home);
 
   static constexpr std::string_view InstallDir = "C:\\Games\\Marrowfell 2002";
   /// Where browsing for courses to convert starts.
@@ -28,6 +29,8 @@ public:
   /// The host path of a file or folder on drive C:.
   std::filesystem::path OnDrive(std::string_view windowsPath) const;
 
+  /// Has the world a game that is installed elsewhere?
+  bool HasAnotherGame();
   /// Gives the game's own settings their values and makes its folders.
   void AddGame();
   /// Copies the two converters from a folder to the game's programs.
@@ -48,7 +51,7 @@ public:
   void AddStatistics(const CourseSpec &course);
   void AddSwapFile(const LibrarySpec &library);
 
-  /// Writes all entries, in one go, and forgets them. Until then the settings tree is as it was.
+  /// Writes all entries, in one go, and forgets them. Until then the settings tree is as it was. Throws RuntimeError.
   void WriteCatalogue();
 
 private:
@@ -57,7 +60,8 @@ private:
   void EnterLibrary(const LibrarySpec &library, const std::string &path);
   void WriteMedia(const CourseSpec &course, const std::string &basePath, const CourseMedia &media);
 
-  std::filesystem::path mHome;
+  std::unique_ptr<Platform> mPlatform;
+  std::filesystem::path mDrive;
   std::vector<RegistryChange> mEntries;
 };
 

@@ -3,30 +3,17 @@
 
 #pragma once
 
+#include "platform/TemporaryNames.h"
 #include "platform/posix/Descriptor.h"
 
 #include <sys/types.h>
 
 #include <string>
-#include <string_view>
 
 namespace turfdesk {
 
 // What a process makes under a temporary name it locks for as long as it lives: the kernel lets go of the lock when the
 // process ends, however it ends. What bears such a name and is locked by nobody was left behind by one that was killed.
-
-/// Names of temporary files or folders: a beginning, six random letters and digits, and an end.
-struct TemporaryNames {
-  static constexpr std::size_t RandomLength = 6;
-
-  std::string_view beginning;
-  std::string_view end;
-
-  bool Include(std::string_view name) const {
-    return name.size() == beginning.size() + RandomLength + end.size() && name.starts_with(beginning) &&
-           name.ends_with(end);
-  }
-};
 
 /// Locks an open file or folder. False when somebody else has locked it, or where the disk knows no locks.
 bool LockAgainstRemoval(const Descriptor &file);

@@ -3,6 +3,8 @@
 
 #include "platform/posix/HostPaths.h"
 
+#include "platform/NextName.h"
+
 #include <sys/stat.h>
 #include <unistd.h>
 

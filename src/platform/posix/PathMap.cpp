@@ -3,6 +3,7 @@
 
 #include "platform/posix/PathMap.h"
 
+#include "platform/NextName.h"
 #include "platform/WindowsNames.h"
 #include "platform/posix/FolderEntries.h"
 #include "platform/posix/HostPaths.h"

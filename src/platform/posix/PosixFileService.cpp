@@ -3,16 +3,14 @@
 
 #include "platform/posix/PosixFileService.h"
 
+#include "platform/PathText.h"
 #include "platform/WindowsNames.h"
-#include "platform/posix/PathText.h"
 #include "platform/posix/SystemError.h"
 #include "platform/posix/TempFolder.h"
 
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
-#include <cctype>
 #include <cstdlib>
 
 namespace turfdesk {
@@ -33,14 +31,6 @@ int Unlink(const char *hostPath) {
   if (!S_ISREG(status.st_mode) || (status.st_mode & S_IWUSR) == 0)
     return EACCES;
   return unlink(hostPath) == 0 ? 0 : errno;
-}
-
-/// Does the text begin with the name of a protocol? One letter before the colon is a drive.
-bool IsAddress(std::string_view text) {
-  const std::size_t colon = text.find(':');
-  const std::string_view protocol = text.substr(0, colon);
-  return colon != std::string_view::npos && colon > 1 &&
-         std::all_of(protocol.begin(), protocol.end(), [](unsigned char c) { return std::isalnum(c) != 0; });
 }
 
 int HandToDesktop(ChildProcesses &children, const std::string &target) {

@@ -4,9 +4,9 @@
 #include "platform/posix/PosixFolderReader.h"
 
 #include "platform/CaseFold.h"
+#include "platform/NamePatterns.h"
 #include "platform/WindowsNames.h"
 #include "platform/posix/FolderEntries.h"
-#include "platform/posix/NamePatterns.h"
 #include "platform/posix/SystemError.h"
 
 #include <sys/stat.h>

@@ -21,8 +21,6 @@ namespace {
 constexpr mode_t ReadWriteForAll = 0666;
 constexpr mode_t AllForAll = 0777;
 
-constexpr TemporaryNames Names{".turfdesk-", ".tmp"};
-
 void Check(int result) {
   if (result != 0)
     ThrowSystemError(errno);
@@ -38,10 +36,10 @@ std::string RandomTemporaryName() {
   constexpr std::string_view letters = "abcdefghijklmnopqrstuvwxyz234567";
   unsigned char bytes[TemporaryNames::RandomLength];
   Check(getrandom(bytes, sizeof(bytes), 0) == sizeof(bytes) ? 0 : -1);
-  std::string name(Names.beginning);
+  std::string name(StagedFileNames.beginning);
   for (const unsigned char byte : bytes)
     name += letters[byte % letters.size()];
-  return name.append(Names.end);
+  return name.append(StagedFileNames.end);
 }
 
 /// Calls a routine (name -> is it done?) with names that no user's file has, until one is free.
@@ -91,7 +89,7 @@ void NewFolders::Make(const std::string &folder) {
 PosixStagedFile::PosixStagedFile(Destination destination, bool makeFolders, mode_t mode)
     : mDestination(std::move(destination)) {
   // Sooner or later such a file would be taken for one that was left behind.
-  if (Names.Include(mDestination.name))
+  if (StagedFileNames.Include(mDestination.name))
     ThrowSystemError(EILSEQ);
   if (makeFolders)
     mNewFolders.Make(mDestination.folder);
@@ -99,7 +97,7 @@ PosixStagedFile::PosixStagedFile(Destination destination, bool makeFolders, mode
   if (!mFolder.IsOpen())
     ThrowFolderError(errno);
   CheckReplaceable();
-  RemoveAbandoned(mDestination.folder, Names, S_IFREG);
+  RemoveAbandoned(mDestination.folder, StagedFileNames, S_IFREG);
   OpenTemporary(mode);
   LockAgainstRemoval(mFile);
 }

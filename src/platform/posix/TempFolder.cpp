@@ -18,8 +18,6 @@ namespace turfdesk {
 
 namespace {
 
-constexpr TemporaryNames Names{"turfdesk-temp-", ""};
-
 void RemoveWithContents(const std::string &folder) {
   std::error_code error;
   std::filesystem::remove_all(folder, error);
@@ -57,8 +55,8 @@ private:
 
 std::string MakeTempFolder(const std::string &parent) {
   static FoldersToRemove foldersToRemove;
-  RemoveAbandoned(parent, Names, S_IFDIR);
-  std::string path = parent + "/" + std::string(Names.beginning) + "XXXXXX";
+  RemoveAbandoned(parent, TempFolderNames, S_IFDIR);
+  std::string path = parent + "/" + std::string(TempFolderNames.beginning) + "XXXXXX";
   if (mkdtemp(path.data()) == nullptr)
     return "";
   foldersToRemove.Add(path);

@@ -77,10 +77,16 @@ BlockDeflater::BlockDeflater() {
     mCompressors.push_back(std::make_unique<Compressor>());
   mOutputBound = mCompressors.front()->OutputBound();
   for (const auto &compressor : mCompressors)
-    mWorkers.emplace_back([this, &compressor](const std::stop_token &stop) { Work(stop, *compressor); });
+    mWorkers.emplace_back([this, &compressor] { Work(*compressor); });
 }
 
 BlockDeflater::~BlockDeflater() = default;
+
+BlockDeflater::Stopper::~Stopper() {
+  const std::lock_guard lock(mDeflater.mMutex);
+  mDeflater.mStopping = true;
+  mDeflater.mBlockWaits.notify_all();
+}
 
 void BlockDeflater::Begin(Reader reader) {
   Drop();
@@ -155,9 +161,12 @@ void BlockDeflater::Drop() {
     mSpare.push_back(std::move(mCurrent));
 }
 
-void BlockDeflater::Work(const std::stop_token &stop, Compressor &compressor) {
+void BlockDeflater::Work(Compressor &compressor) {
   std::unique_lock lock(mMutex);
-  while (mBlockWaits.wait(lock, stop, [this] { return !mWaiting.empty(); })) {
+  for (;;) {
+    mBlockWaits.wait(lock, [this] { return mStopping || !mWaiting.empty(); });
+    if (mWaiting.empty())
+      return;
     Block &block = *mWaiting.front();
     mWaiting.pop_front();
     ++mBusyWorkers;

@@ -42,10 +42,23 @@ private:
   struct Block;
   class Compressor;
 
+  /// Tells all threads at once to end. A stop token tells one after the other, and with the threads of MinGW, which can
+  /// miss one of several such calls, that sometimes never came to an end.
+  class Stopper {
+  public:
+    explicit Stopper(BlockDeflater &deflater) : mDeflater(deflater) {}
+    Stopper(const Stopper &) = delete;
+    Stopper &operator=(const Stopper &) = delete;
+    ~Stopper();
+
+  private:
+    BlockDeflater &mDeflater;
+  };
+
   void ReadAhead();
   bool NextBlock();
   void Drop();
-  void Work(const std::stop_token &stop, Compressor &compressor);
+  void Work(Compressor &compressor);
 
   Reader mReader;
   bool mSourceEnded = true;
@@ -60,14 +73,16 @@ private:
   std::vector<std::unique_ptr<Block>> mSpare;
 
   std::mutex mMutex;
-  std::condition_variable_any mBlockWaits;
+  std::condition_variable mBlockWaits;
   std::condition_variable mBlockDone;
   std::deque<Block *> mWaiting;
   unsigned mBusyWorkers = 0;
+  bool mStopping = false;
 
   std::vector<std::unique_ptr<Compressor>> mCompressors;
-  /// Last, so that the threads end before what they use.
+  /// Last, so that the threads end before what they use, and are told so before they are waited for.
   std::vector<std::jthread> mWorkers;
+  Stopper mStopper{*this};
 };
 
 } // namespace turfdesk

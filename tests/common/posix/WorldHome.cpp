@@ -9,7 +9,18 @@ WorldHome::WorldHome() = default;
 
 std::filesystem::path DriveOf(const std::filesystem::path &home) { return home / "drive_c"; }
 
-bool IsOfSystem(const std::filesystem::path & /*folder*/) { return false; }
+bool IsOfSystem(const std::filesystem::path & /*path*/) { return false; }
+
+std::vector<std::string> MakeAliases(const std::filesystem::path &home, const std::string &folder) {
+  const std::filesystem::path host = HostIn(home, folder);
+  std::filesystem::create_directory_symlink(host, HostIn(home, R"(C:\Link)"));
+  std::filesystem::create_directory_symlink(host, home / "drives/g:");
+  const std::filesystem::path links = HostIn(home, R"(C:\Links to files)");
+  std::filesystem::create_directory(links);
+  for (const auto &entry : std::filesystem::directory_iterator(host))
+    std::filesystem::create_symlink(entry.path(), links / entry.path().filename());
+  return {R"(C:\Link)", "G:", R"(C:\Links to files)"};
+}
 
 void Fill(const WorldHome &home, void (*build)(const std::filesystem::path &home)) {
   using std::filesystem::copy_options;

@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 Turf Desk contributors
 
-#include "common/windows/ScratchSystem.h"
+#include "common/ScratchSystem.h"
 
 #include "common/WorldHome.h"
+#include "samples/Basics.h"
 
 #include <windows.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <stdexcept>
+#include <vector>
 
 namespace turfdesk::test {
 
@@ -19,19 +22,14 @@ bool IsWine() {
   return system != nullptr && GetProcAddress(system, "wine_get_version") != nullptr;
 }
 
-struct Branch {
-  HKEY root;
-  const wchar_t *key;
-};
-
 constexpr const wchar_t *MachineKeys[] = {LR"(Software\KESTRAVON)", LR"(Software\Turf Desk Tests)",
                                           LR"(Software\Microsoft\Shared Tools)",
                                           LR"(Software\Microsoft\Shared Tools Location)"};
 constexpr const wchar_t *ClassKeys[] = {L".hlb", L".hlc", L".hlz", L".hlx"};
 
-void DeleteBranch(HKEY root, const wchar_t *name) {
+void DeleteBranch(HKEY root, const wchar_t *name, REGSAM view) {
   HKEY key = nullptr;
-  LSTATUS status = RegOpenKeyExW(root, name, 0, KEY_ALL_ACCESS | KEY_WOW64_32KEY, &key);
+  LSTATUS status = RegOpenKeyExW(root, name, 0, KEY_ALL_ACCESS | view, &key);
   if (status == ERROR_FILE_NOT_FOUND)
     return;
   if (status == ERROR_SUCCESS) {
@@ -39,7 +37,7 @@ void DeleteBranch(HKEY root, const wchar_t *name) {
     RegCloseKey(key);
   }
   if (status == ERROR_SUCCESS)
-    status = RegDeleteKeyExW(root, name, KEY_WOW64_32KEY, 0);
+    status = RegDeleteKeyExW(root, name, view, 0);
   if (status != ERROR_SUCCESS)
     throw std::runtime_error("a key of the scratch registry cannot be deleted");
 }
@@ -56,7 +54,16 @@ void DeleteBelow(const std::filesystem::path &path) {
     for (const auto &entry : std::filesystem::recursive_directory_iterator(path))
       MakeDeletable(entry.path());
   MakeDeletable(path);
-  std::filesystem::remove_all(path);
+  // A program that a test has left to itself may not have ended yet.
+  constexpr int attempts = 100;
+  std::error_code error;
+  for (int attempt = 0; attempt < attempts; ++attempt) {
+    std::filesystem::remove_all(path, error);
+    if (!error)
+      return;
+    Sleep(50);
+  }
+  throw std::filesystem::filesystem_error("the scratch system cannot be emptied", path, error);
 }
 
 } // namespace
@@ -67,12 +74,29 @@ void RequireScratchSystem() {
                              "that is made for it: see scripts/wine-scratch.");
 }
 
+std::string OnWholeDisk(const std::string &folder) {
+  RequireScratchSystem();
+  using HostName = char *(__cdecl *)(const wchar_t *);
+  const auto hostName = reinterpret_cast<HostName>(
+      reinterpret_cast<void (*)()>(GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "wine_get_unix_file_name")));
+  char *name = hostName(samples::HostPath(folder).c_str());
+  if (name == nullptr)
+    throw std::runtime_error("not on a disk of the host: " + folder);
+  std::string path = std::string("Z:") + name;
+  HeapFree(GetProcessHeap(), 0, name);
+  // The link by which Wine finds the drive has a name that no path of Windows may hold.
+  const std::string link = "/dosdevices/c:";
+  path.replace(path.find(link), link.size(), "/drive_c");
+  std::ranges::replace(path, '/', '\\');
+  return path;
+}
+
 void EmptyScratchSystem() {
   RequireScratchSystem();
   for (const wchar_t *key : MachineKeys)
-    DeleteBranch(HKEY_LOCAL_MACHINE, key);
+    DeleteBranch(HKEY_LOCAL_MACHINE, key, KEY_WOW64_32KEY);
   for (const wchar_t *key : ClassKeys)
-    DeleteBranch(HKEY_CLASSES_ROOT, key);
+    DeleteBranch(HKEY_CLASSES_ROOT, key, 0);
   std::vector<std::filesystem::path> doomed;
   for (const auto &entry : std::filesystem::directory_iterator(DriveOf({})))
     if (!IsOfSystem(entry.path()))

@@ -3,7 +3,7 @@
 
 #include "FilesTest.h"
 
-#include "platform/posix/NamePatterns.h"
+#include "platform/NamePatterns.h"
 #include "platform/posix/PosixFolderReader.h"
 
 #include <sys/stat.h>

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 Turf Desk contributors
 
-#include "platform/posix/NamePatterns.h"
+#include "platform/NamePatterns.h"
 
 #include "platform/CaseFold.h"
+#include "platform/NextName.h"
 #include "platform/Wildcards.h"
-#include "platform/posix/HostPaths.h"
 
 #include <algorithm>
 

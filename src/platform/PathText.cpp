@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 Turf Desk contributors
 
-#include "platform/posix/PathText.h"
+#include "platform/PathText.h"
 
 #include "platform/WindowsNames.h"
+
+#include <algorithm>
+#include <cctype>
 
 namespace turfdesk {
 
@@ -31,6 +34,13 @@ std::string_view ExtensionOf(std::string_view path) {
   const std::string_view name = FilePartOf(path);
   const std::size_t dot = name.rfind('.');
   return dot == std::string_view::npos || dot + 1 == name.size() ? "" : name.substr(dot);
+}
+
+bool IsAddress(std::string_view text) {
+  const std::size_t colon = text.find(':');
+  const std::string_view protocol = text.substr(0, colon);
+  return colon != std::string_view::npos && colon > 1 &&
+         std::all_of(protocol.begin(), protocol.end(), [](unsigned char c) { return std::isalnum(c) != 0; });
 }
 
 } // namespace turfdesk

@@ -15,4 +15,7 @@ std::string_view DirPrefixOf(std::string_view path);
 std::string_view BaseNameOf(std::string_view path);
 std::string_view ExtensionOf(std::string_view path);
 
+/// Does the text begin with the name of a protocol, as "https://host" does? One letter before the colon is a drive.
+bool IsAddress(std::string_view text);
+
 } // namespace turfdesk
