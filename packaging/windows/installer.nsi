@@ -3,11 +3,12 @@
 ; Defined on the command line: VERSION, STAGE (the folder that holds what is installed), OUTPUT.
 
 Unicode true
+; The programs are 64-bit, and a Wine prefix beside them may have nothing else.
+Target amd64-unicode
 SetCompressor /SOLID lzma
 
 !include MUI2.nsh
 !include LogicLib.nsh
-!include x64.nsh
 
 !define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\TurfDesk"
 ; What opened a file before this program was installed, kept in the key of the command.
@@ -75,11 +76,6 @@ VIAddVersionKey LegalCopyright "Copyright 2026 Turf Desk contributors. MIT licen
 !macroend
 
 Function .onInit
-  ${IfNot} ${RunningX64}
-    MessageBox MB_OK|MB_ICONSTOP "Turf Desk needs a 64-bit Windows." /SD IDOK
-    SetErrorLevel 2
-    Abort
-  ${EndIf}
   SetRegView 64
   ; An update goes where the program is, unless a folder was asked for.
   ReadRegStr $0 HKLM "${UNINSTALL_KEY}" "InstallLocation"

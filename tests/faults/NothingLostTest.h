@@ -77,8 +77,10 @@ protected:
   }
 
   void RunThroughAll() {
+    int calls = 0;
     for (const Kind &kind : Kinds)
-      RunThrough(kind);
+      calls += RunThrough(kind);
+    EXPECT_GT(calls, 0) << "none of the calls goes where faults are";
   }
 
   static constexpr int Never = INT_MAX;
@@ -88,8 +90,8 @@ protected:
   Fault mDisk;
 
 private:
-  /// Each place where a call of one kind can fail.
-  void RunThrough(const Kind &kind) {
+  /// Each place where a call of one kind can fail. Gives their number.
+  int RunThrough(const Kind &kind) {
     const int calls = RunWith(kind.work, Never, Never);
     for (int first = 1; first <= calls && !HasFailure(); ++first)
       for (const int last : {first, INT_MAX}) {
@@ -97,6 +99,7 @@ private:
                      std::to_string(calls));
         RunWith(kind.work, first, last);
       }
+    return calls;
   }
 
   void Judge(test::GolfProgram &program, bool result) {

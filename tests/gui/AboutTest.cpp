@@ -63,6 +63,13 @@ TEST_F(AboutTest, OpensAndClosesByKeys) {
 
 TEST_F(AboutTest, SystemInfoIsToldToBeMissingAndTheBoxStays) {
   const std::vector<std::string> message = {"System Information Is Unavailable At This Time"};
+  // Wine has such a tool.
+  RegistryChange forget;
+  forget.kind = RegistryChange::Kind::DeleteKey;
+  for (const char *key : {R"(SOFTWARE\Microsoft\Shared Tools\MSINFO)", R"(SOFTWARE\Microsoft\Shared Tools Location)"}) {
+    forget.keyPath = key;
+    world.platform->Branches().Apply({&forget, 1});
+  }
   About([&](frmAbout &about) {
     QTest::keyClick(&about, Qt::Key_S, Qt::AltModifier);
     EXPECT_TRUE(QTest::qWaitFor([this] { return !world.boxes.shown.empty(); }));

@@ -10,6 +10,7 @@
 #include "widgets/FileList.h"
 #include "widgets/QtScreen.h"
 
+#include "common/UnreadyDrive.h"
 #include "gui/FormsFixture.h"
 #include "gui/ModalWatch.h"
 #include "samples/OldCourses.h"
@@ -241,7 +242,7 @@ TEST_F(ConvertFormsTest, InputDuringTheWaitIsLost) {
 }
 
 TEST_F(ConvertFormsTest, WhatGoesWrongIsToldAndTheFormStays) {
-  std::filesystem::create_symlink(world.Home() / "nowhere", world.Home() / "drives" / "a:");
+  const test::UnreadyDrive unready(world.Home());
   frmCourseConvert &form = OpenOnCourse();
   auto &drive = Find<DriveList>(form, "driveSource");
   drive.setFocus();

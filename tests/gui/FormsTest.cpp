@@ -8,6 +8,7 @@
 #include "widgets/FileList.h"
 #include "widgets/StatusDialog.h"
 
+#include "common/UnreadyDrive.h"
 #include "gui/FormsFixture.h"
 #include "gui/ModalWatch.h"
 #include "samples/GameFiles.h"
@@ -165,7 +166,7 @@ TEST_F(FormsTest, InstallNeedsASelection) {
 }
 
 TEST_F(FormsTest, ADriveThatIsNotReadyIsToldAndLeavesTheDirectory) {
-  std::filesystem::create_symlink(world.Home() / "nowhere", world.Home() / "drives" / "a:");
+  const test::UnreadyDrive unready(world.Home());
   samples::WriteCourse(world.Host(R"(C:\Golf\one.hlc)"), {.name = "One"});
   frmCourseInstall dialog(state, nullptr);
   Show(dialog);

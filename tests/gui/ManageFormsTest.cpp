@@ -8,6 +8,7 @@
 #include "widgets/DriveList.h"
 #include "widgets/StatusDialog.h"
 
+#include "common/UnreadyDrive.h"
 #include "gui/ManageFixture.h"
 #include "gui/ModalWatch.h"
 
@@ -148,7 +149,7 @@ TEST_F(ManageFormsTest, ALibraryMovesAndARowThatIsGoneIsToldInTheStatusWindow) {
 }
 
 TEST_F(ManageFormsTest, ADriveThatIsNotReadyIsToldAndCancelLeavesAllAsItWas) {
-  std::filesystem::create_symlink(world.Home() / "nowhere", world.Home() / "drives" / "a:");
+  const test::UnreadyDrive unready(world.Home());
   ClickRow("lstCourses", 1);
   const test::ModalWatch<QDialog> watch(
       [this](QDialog &dialog) {

@@ -17,7 +17,9 @@ inline const std::string header = "Windows Registry Editor Version 5.00\n";
 inline const std::string base = R"(HKEY_LOCAL_MACHINE\Software\KESTRAVON\Marrowfell 2002)";
 inline constexpr const char *file = R"(C:\settings.reg)";
 
-inline void WriteText(const std::filesystem::path &path, const std::string &text) { std::ofstream(path, std::ios::binary) << text; }
+inline void WriteText(const std::filesystem::path &path, const std::string &text) {
+  std::ofstream(path, std::ios::binary) << text;
+}
 
 inline std::string ContentOf(const std::filesystem::path &path) {
   std::ifstream content(path, std::ios::binary);

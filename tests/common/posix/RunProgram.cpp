@@ -27,6 +27,7 @@ pid_t Start(const std::vector<std::string> &commandLine, const TempFolder &strea
   redirect(STDOUT_FILENO, "output", O_WRONLY | O_CREAT);
   redirect(STDERR_FILENO, "errors", O_WRONLY | O_CREAT);
   std::vector<char *> words;
+  words.reserve(commandLine.size() + 1);
   for (const std::string &argument : commandLine)
     words.push_back(const_cast<char *>(argument.c_str()));
   words.push_back(nullptr);
