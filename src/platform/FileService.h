@@ -10,14 +10,25 @@ namespace turfdesk {
 
 /// Questions and deeds on files, by path. Paths are full Windows paths in UTF-8, such as "C:\Games\x.hlc".
 /// Where a name with exactly these letters is absent, one that differs only in case is found.
-///
-/// The path operations (GetBaseName to GetDirPrefix) work on the text alone.
 class FileService {
 public:
   FileService() = default;
   FileService(const FileService &) = delete;
   FileService &operator=(const FileService &) = delete;
   virtual ~FileService() = default;
+
+  // These work on the text alone, which is the same on every system.
+
+  /// The file name without its extension and without the dot.
+  static std::string GetBaseName(std::string_view path);
+  /// The directory part, without a trailing backslash except that of a drive's root ("C:\").
+  static std::string GetPathPart(std::string_view path);
+  /// The extension with its leading dot, or "" when there is none.
+  static std::string GetExtension(std::string_view path);
+  /// The file name with its extension.
+  static std::string GetFilePart(std::string_view path);
+  /// The directory part with its trailing backslash, or "" when the path has no directory.
+  static std::string GetDirPrefix(std::string_view path);
 
   /// Zero when the last operation succeeded.
   virtual long LastError() const = 0;
@@ -26,16 +37,6 @@ public:
   /// Deletes the file; true when that worked, else the reason is in LastErrorText. A read-only file stays.
   virtual bool DeleteFile(std::string_view path) = 0;
   virtual bool DirExists(std::string_view path) = 0;
-  /// The file name without its extension and without the dot.
-  virtual std::string GetBaseName(std::string_view path) = 0;
-  /// The directory part, without a trailing backslash except that of a drive's root ("C:\").
-  virtual std::string GetPathPart(std::string_view path) = 0;
-  /// The extension with its leading dot, or "" when there is none.
-  virtual std::string GetExtension(std::string_view path) = 0;
-  /// The file name with its extension.
-  virtual std::string GetFilePart(std::string_view path) = 0;
-  /// The directory part with its trailing backslash, or "" when the path has no directory.
-  virtual std::string GetDirPrefix(std::string_view path) = 0;
   /// True for a file of any kind that is no directory.
   virtual bool FileExists(std::string_view path) = 0;
   /// A folder of this process alone for temporary files. It exists and is gone when the process ends.

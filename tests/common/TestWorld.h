@@ -177,11 +177,6 @@ public:
   std::string LastErrorText() const override { return mReal->LastErrorText(); }
   bool DeleteFile(std::string_view path) override;
   bool DirExists(std::string_view path) override { return mReal->DirExists(path); }
-  std::string GetBaseName(std::string_view path) override { return mReal->GetBaseName(path); }
-  std::string GetPathPart(std::string_view path) override { return mReal->GetPathPart(path); }
-  std::string GetExtension(std::string_view path) override { return mReal->GetExtension(path); }
-  std::string GetFilePart(std::string_view path) override { return mReal->GetFilePart(path); }
-  std::string GetDirPrefix(std::string_view path) override { return mReal->GetDirPrefix(path); }
   bool FileExists(std::string_view path) override { return mReal->FileExists(path); }
   std::string GetTempFolder() override { return tempFolder.empty() ? mReal->GetTempFolder() : tempFolder; }
   bool IsValidFilename(std::string_view text) override { return mReal->IsValidFilename(text); }

@@ -79,12 +79,6 @@ double PosixFileService::GetFileSize(std::string_view path) {
   return isFile ? static_cast<double>(status.st_size) : 0;
 }
 
-std::string PosixFileService::GetBaseName(std::string_view path) { return std::string(BaseNameOf(path)); }
-std::string PosixFileService::GetPathPart(std::string_view path) { return std::string(PathPartOf(path)); }
-std::string PosixFileService::GetExtension(std::string_view path) { return std::string(ExtensionOf(path)); }
-std::string PosixFileService::GetFilePart(std::string_view path) { return std::string(FilePartOf(path)); }
-std::string PosixFileService::GetDirPrefix(std::string_view path) { return std::string(DirPrefixOf(path)); }
-
 bool PosixFileService::IsValidFilename(std::string_view text) {
   return IsFullWindowsPath(text) && IsWindowsName(FilePartOf(text)) && DirExists(DirPrefixOf(text)) && !DirExists(text);
 }

@@ -18,11 +18,6 @@ public:
   /// Only regular files and links are deleted; of a link, the link.
   bool DeleteFile(std::string_view path) override;
   bool DirExists(std::string_view path) override;
-  std::string GetBaseName(std::string_view path) override;
-  std::string GetPathPart(std::string_view path) override;
-  std::string GetExtension(std::string_view path) override;
-  std::string GetFilePart(std::string_view path) override;
-  std::string GetDirPrefix(std::string_view path) override;
   bool FileExists(std::string_view path) override;
   /// Throws RuntimeError 75 when no place for it can be found.
   std::string GetTempFolder() override;

@@ -11,8 +11,7 @@
 
 #include <sys/stat.h>
 
-#include <algorithm>
-#include <utility>
+#include <functional>
 
 namespace turfdesk {
 
@@ -45,21 +44,17 @@ mode_t KindOf(const char *folder, const dirent &entry) {
 
 template <class Accept>
 std::vector<std::string> PosixFolderReader::Names(std::string_view folder, mode_t kind, Accept accept) const {
-  std::vector<std::pair<std::string, std::string>> found;
+  std::vector<std::string> names;
   const int error = mPaths.Reach(folder, [&](const char *hostPath) {
     return ForEachEntry(hostPath, [&](const dirent &entry) {
       const std::string_view name = entry.d_name;
       if (!name.starts_with('.') && accept(name) && IsWindowsName(name) && KindOf(hostPath, entry) == kind)
-        found.emplace_back(FoldCase(name), name);
+        names.emplace_back(name);
     });
   });
   if (error != 0)
     ThrowListError(error);
-  std::sort(found.begin(), found.end());
-  std::vector<std::string> names;
-  names.reserve(found.size());
-  for (auto &[folded, name] : found)
-    names.push_back(std::move(name));
+  SortIgnoringCase(names, std::identity());
   return names;
 }
 

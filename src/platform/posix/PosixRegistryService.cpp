@@ -3,7 +3,7 @@
 
 #include "platform/posix/PosixRegistryService.h"
 
-#include "platform/CaseFold.h"
+#include "platform/RegistryRoots.h"
 #include "platform/posix/PosixSettings.h"
 
 namespace turfdesk {
@@ -12,14 +12,6 @@ namespace {
 
 constexpr std::string_view noTree = "There is no settings tree of this name";
 constexpr std::string_view noKey = "There is no such settings key";
-
-std::optional<RegistryRoot> RootNamed(std::string_view name) {
-  if (EqualsIgnoringCase(name, "HKEY_LOCAL_MACHINE"))
-    return RegistryRoot::LocalMachine;
-  if (EqualsIgnoringCase(name, "HKEY_CLASSES_ROOT"))
-    return RegistryRoot::ClassesRoot;
-  return std::nullopt;
-}
 
 /// Did this one request fail, as opposed to a store that cannot be used at all?
 bool IsRefusal(const RuntimeError &error) {

@@ -49,15 +49,6 @@ std::uint32_t CodeOf(LSTATUS status) { return static_cast<std::uint32_t>(status)
 /// The system would take the name as far as its first NUL, which is another value's.
 bool IsValueName(const std::wstring &name) { return name.find(L'\0') == std::wstring::npos; }
 
-template <typename Item, typename NameOf> void SortByName(std::vector<Item> &items, const NameOf &nameOf) {
-  std::vector<std::pair<std::string, Item>> folded;
-  folded.reserve(items.size());
-  for (Item &item : items)
-    folded.emplace_back(FoldCase(ToUtf8(nameOf(item))), std::move(item));
-  std::sort(folded.begin(), folded.end(), [](const auto &left, const auto &right) { return left.first < right.first; });
-  std::transform(folded.begin(), folded.end(), items.begin(), [](auto &pair) { return std::move(pair.second); });
-}
-
 /// Calls request with room for data, and again with more as long as that is too little. Another program may put in a
 /// longer value in between.
 template <typename Request> LSTATUS ReadBytes(std::string &bytes, const Request &request) {
@@ -149,7 +140,7 @@ std::uint32_t RegistryKey::ReadAll(std::vector<RawValue> &values) const {
     value.bytes.shrink_to_fit();
     values.push_back(std::move(value));
   }
-  SortByName(values, [](const RawValue &value) -> const std::wstring & { return value.name; });
+  SortIgnoringCase(values, [](const RawValue &value) { return ToUtf8(value.name); });
   return RegistrySuccess;
 }
 
@@ -181,7 +172,7 @@ std::uint32_t RegistryKey::SubkeyNames(std::vector<std::wstring> &names) const {
       return CodeOf(status);
     names.emplace_back(name.data(), length);
   }
-  SortByName(names, [](const std::wstring &text) -> const std::wstring & { return text; });
+  SortIgnoringCase(names, ToUtf8);
   return RegistrySuccess;
 }
 

@@ -3,6 +3,7 @@
 
 #include "platform/windows/RegistryPath.h"
 
+#include "platform/RegistryRoots.h"
 #include "platform/RuntimeError.h"
 #include "platform/windows/SystemError.h"
 #include "platform/windows/WideText.h"
@@ -45,8 +46,7 @@ std::wstring SubkeyPath(std::wstring path, const std::wstring &name) {
 }
 
 std::string RegistryWords(std::uint32_t error, RegistryRoot root, std::string_view keyPath) {
-  const std::string rootName = root == RegistryRoot::LocalMachine ? "HKEY_LOCAL_MACHINE\\" : "HKEY_CLASSES_ROOT\\";
-  return SystemWords(error) + "\r\n\r\n" + rootName + std::string(keyPath);
+  return SystemWords(error) + "\r\n\r\n" + std::string(NameOfRoot(root)) + '\\' + std::string(keyPath);
 }
 
 void ThrowRegistryError(std::uint32_t error, RegistryRoot root, std::string_view keyPath) {

@@ -109,12 +109,6 @@ double WindowsFileService::GetFileSize(std::string_view path) {
   return LookAt(path, facts) == 0 && !facts.isFolder ? static_cast<double>(facts.size) : 0;
 }
 
-std::string WindowsFileService::GetBaseName(std::string_view path) { return std::string(BaseNameOf(path)); }
-std::string WindowsFileService::GetPathPart(std::string_view path) { return std::string(PathPartOf(path)); }
-std::string WindowsFileService::GetExtension(std::string_view path) { return std::string(ExtensionOf(path)); }
-std::string WindowsFileService::GetFilePart(std::string_view path) { return std::string(FilePartOf(path)); }
-std::string WindowsFileService::GetDirPrefix(std::string_view path) { return std::string(DirPrefixOf(path)); }
-
 bool WindowsFileService::IsValidFilename(std::string_view text) {
   std::wstring systemPath;
   return ToSystemPath(text, systemPath) == 0 && IsWindowsNameOfAnyLength(FilePartOf(text)) &&

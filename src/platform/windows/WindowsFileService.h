@@ -16,11 +16,6 @@ public:
   /// Of a link, the link is deleted.
   bool DeleteFile(std::string_view path) override;
   bool DirExists(std::string_view path) override;
-  std::string GetBaseName(std::string_view path) override;
-  std::string GetPathPart(std::string_view path) override;
-  std::string GetExtension(std::string_view path) override;
-  std::string GetFilePart(std::string_view path) override;
-  std::string GetDirPrefix(std::string_view path) override;
   bool FileExists(std::string_view path) override;
   /// Throws RuntimeError 75 when no place for it can be found.
   std::string GetTempFolder() override;

@@ -13,7 +13,7 @@
 
 #include <windows.h>
 
-#include <algorithm>
+#include <functional>
 #include <optional>
 #include <utility>
 
@@ -45,7 +45,7 @@ enum class Kind { Folder, File };
 
 /// Names of that kind, sorted.
 template <class Accept> std::vector<std::string> Names(std::string_view folder, Kind kind, Accept accept) {
-  std::vector<std::pair<std::string, std::string>> found;
+  std::vector<std::string> names;
   std::wstring systemPath;
   std::uint32_t error = ToSystemPath(folder, systemPath);
   if (error == 0)
@@ -54,15 +54,11 @@ template <class Accept> std::vector<std::string> Names(std::string_view folder, 
       if (isFolder != (kind == Kind::Folder) || (entry.attributes & FILE_ATTRIBUTE_HIDDEN) != 0)
         return;
       if (std::optional<std::string> name = NameOf(entry); name && accept(*name))
-        found.emplace_back(FoldCase(*name), std::move(*name));
+        names.push_back(std::move(*name));
     });
   if (error != 0)
     ThrowListError(error);
-  std::sort(found.begin(), found.end());
-  std::vector<std::string> names;
-  names.reserve(found.size());
-  for (auto &[folded, name] : found)
-    names.push_back(std::move(name));
+  SortIgnoringCase(names, std::identity());
   return names;
 }
 

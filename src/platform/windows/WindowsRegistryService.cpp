@@ -3,7 +3,7 @@
 
 #include "platform/windows/WindowsRegistryService.h"
 
-#include "platform/CaseFold.h"
+#include "platform/RegistryRoots.h"
 #include "platform/windows/RegistryPath.h"
 #include "platform/windows/SystemError.h"
 #include "platform/windows/WideText.h"
@@ -14,14 +14,6 @@ namespace {
 
 constexpr std::uint32_t expandableText = 2;
 constexpr std::string_view noTree = "There is no settings tree of this name";
-
-std::optional<RegistryRoot> RootNamed(std::string_view name) {
-  if (EqualsIgnoringCase(name, "HKEY_LOCAL_MACHINE"))
-    return RegistryRoot::LocalMachine;
-  if (EqualsIgnoringCase(name, "HKEY_CLASSES_ROOT"))
-    return RegistryRoot::ClassesRoot;
-  return std::nullopt;
-}
 
 /// Does the failure say that there is nothing of this name?
 bool IsAbsence(std::uint32_t error) { return error == RegistryNotFound || error == RegistryBadPath; }
