@@ -97,7 +97,7 @@ GolfHome::GolfHome() {
   using std::chrono::sys_seconds, std::chrono::sys_days, std::chrono::year;
   const auto time = std::chrono::file_clock::from_sys(sys_seconds(sys_days(year(2002) / 6 / 1)));
   for (const auto &[path, content] : Files())
-    std::filesystem::last_write_time(Drive() / samples::HostPath(path), time);
+    std::filesystem::last_write_time(DriveOf(Path()) / samples::HostPath(path), time);
 }
 
 GolfProgram::GolfProgram(const std::filesystem::path &home) : TestProgram(home) {

@@ -44,7 +44,6 @@ public:
   GolfHome();
 
   const std::filesystem::path &Path() const { return mHome.Path(); }
-  std::filesystem::path Drive() const { return DriveOf(Path()); }
   std::map<std::string, std::string> Files() const { return FilesOnDrive(Path()); }
 
 private:

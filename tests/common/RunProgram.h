@@ -5,7 +5,6 @@
 
 #include <filesystem>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace turfdesk::test {
@@ -22,8 +21,5 @@ struct ProgramRun {
 /// Throws std::runtime_error when it cannot be started.
 ProgramRun RunProgram(const std::filesystem::path &program, const std::vector<std::string> &arguments,
                       const std::string &input);
-
-/// The arguments of a command line: blanks part them, unless they stand between apostrophes, which do not count.
-std::vector<std::string> SplitArguments(std::string_view commandLine);
 
 } // namespace turfdesk::test

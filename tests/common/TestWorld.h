@@ -39,11 +39,10 @@ public:
     if (onEvents)
       onEvents();
   }
-  void Repaint() override { ++repaints; }
+  void Repaint() override {}
   void SetMousePointer(MousePointer shape) override { pointers.push_back(shape); }
 
   std::function<void()> onEvents;
-  int repaints = 0;
   std::vector<MousePointer> pointers;
 };
 

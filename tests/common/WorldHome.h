@@ -64,4 +64,7 @@ std::vector<std::string> MakeAliases(const std::filesystem::path &home, const st
 /// Takes the permission to change a file away, or gives it back.
 void SetReadOnly(const std::filesystem::path &file, bool readOnly);
 
+/// Makes a file or folder look as if nobody had changed it for years, also one that somebody has open.
+void MakeOld(const std::filesystem::path &path);
+
 } // namespace turfdesk::test

@@ -160,6 +160,7 @@ TEST(CaseFoldTest, IgnoresCaseOfAllScriptsAndLeavesOtherBytesAlone) {
   EXPECT_TRUE(EqualsIgnoringCase("COURSE.HLC", "course.hlc"));
   EXPECT_TRUE(EqualsIgnoringCase("ÖRESUND ÉTÉ", "öresund été"));
   EXPECT_TRUE(EqualsIgnoringCase("E\xCC\x81t\xC3\xA9", "\xC3\xA9t\xC3\xA9")) << "composed or not";
+  EXPECT_TRUE(EqualsIgnoringCase("STRASSE", "Straße"));
   EXPECT_FALSE(EqualsIgnoringCase("course", "coarse"));
   EXPECT_EQ(FoldCase("A\xFF\x80"), "a\xFF\x80");
 }

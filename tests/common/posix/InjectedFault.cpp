@@ -75,9 +75,7 @@ ssize_t pwrite(int file, const void *data, size_t length, off_t offset) {
   return turfdesk::Through("pwrite", SYS_pwrite64, file, data, length, offset);
 }
 
-ssize_t pwrite64(int file, const void *data, size_t length, off64_t offset) {
-  return turfdesk::Through("pwrite", SYS_pwrite64, file, data, length, offset);
-}
+ssize_t pwrite64(int, const void *, size_t, off64_t) __attribute__((alias("pwrite")));
 
 int ftruncate64(int file, off64_t length) noexcept {
   return static_cast<int>(turfdesk::Through("ftruncate", SYS_ftruncate, file, length));
@@ -118,11 +116,5 @@ int open(const char *path, int flags, ...) {
   return static_cast<int>(turfdesk::Through("open", SYS_openat, AT_FDCWD, path, flags, mode));
 }
 
-int open64(const char *path, int flags, ...) {
-  va_list rest;
-  va_start(rest, flags);
-  const mode_t mode = turfdesk::TakeMode(flags, rest);
-  va_end(rest);
-  return static_cast<int>(turfdesk::Through("open", SYS_openat, AT_FDCWD, path, flags, mode));
-}
+int open64(const char *, int, ...) __attribute__((alias("open")));
 }

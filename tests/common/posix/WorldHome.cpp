@@ -3,6 +3,8 @@
 
 #include "common/WorldHome.h"
 
+#include <chrono>
+
 namespace turfdesk::test {
 
 WorldHome::WorldHome() = default;
@@ -20,6 +22,10 @@ std::vector<std::string> MakeAliases(const std::filesystem::path &home, const st
   for (const auto &entry : std::filesystem::directory_iterator(host))
     std::filesystem::create_symlink(entry.path(), links / entry.path().filename());
   return {R"(C:\Link)", "G:", R"(C:\Links to files)"};
+}
+
+void MakeOld(const std::filesystem::path &path) {
+  std::filesystem::last_write_time(path, std::filesystem::last_write_time(path) - std::chrono::years(10));
 }
 
 void Fill(const WorldHome &home, void (*build)(const std::filesystem::path &home)) {

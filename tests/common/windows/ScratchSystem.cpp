@@ -4,6 +4,7 @@
 #include "common/ScratchSystem.h"
 
 #include "common/WorldHome.h"
+#include "platform/windows/Abandoned.h"
 #include "samples/Basics.h"
 
 #include <windows.h>
@@ -49,21 +50,19 @@ void MakeDeletable(const std::filesystem::path &path) {
     SetFileAttributesW(path.c_str(), attributes & ~static_cast<DWORD>(FILE_ATTRIBUTE_READONLY));
 }
 
-void DeleteBelow(const std::filesystem::path &path) {
-  if (std::filesystem::is_directory(path))
-    for (const auto &entry : std::filesystem::recursive_directory_iterator(path))
-      MakeDeletable(entry.path());
-  MakeDeletable(path);
+void DeleteWithContents(const std::filesystem::path &path) {
   // A program that a test has left to itself may not have ended yet.
   constexpr int attempts = 100;
-  std::error_code error;
   for (int attempt = 0; attempt < attempts; ++attempt) {
-    std::filesystem::remove_all(path, error);
-    if (!error)
+    MakeDeletable(path);
+    // Paths of any length are reached by the system's own form only.
+    RemoveWithContents(LR"(\\?\)" + path.native());
+    DeleteFileW(path.c_str());
+    if (!std::filesystem::exists(path))
       return;
     Sleep(50);
   }
-  throw std::filesystem::filesystem_error("the scratch system cannot be emptied", path, error);
+  throw std::runtime_error("the scratch system cannot be emptied: " + samples::Utf8(path));
 }
 
 } // namespace
@@ -102,7 +101,7 @@ void EmptyScratchSystem() {
     if (!IsOfSystem(entry.path()))
       doomed.push_back(entry.path());
   for (const std::filesystem::path &path : doomed)
-    DeleteBelow(path);
+    DeleteWithContents(path);
 }
 
 } // namespace turfdesk::test

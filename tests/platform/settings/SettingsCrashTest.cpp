@@ -9,30 +9,29 @@
 #include "platform/posix/SettingsStore.h"
 
 #include <atomic>
+#include <csignal>
+#include <functional>
 #include <random>
 #include <sys/mman.h>
 
-namespace turfdesk {
+namespace turfdesk::test {
 
 namespace {
 
 constexpr RegistryRoot machine = RegistryRoot::LocalMachine;
 
-/// A number that this process and those that it starts have in common.
-class SharedNumber {
-public:
-  SharedNumber()
-      : mNumber(new (mmap(nullptr, sizeof(std::atomic<int>), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0))
-                    std::atomic<int>(0)) {}
-  SharedNumber(const SharedNumber &) = delete;
-  SharedNumber &operator=(const SharedNumber &) = delete;
-  ~SharedNumber() { munmap(mNumber, sizeof *mNumber); }
-
-  std::atomic<int> &operator*() { return *mNumber; }
-
-private:
-  std::atomic<int> *mNumber;
-};
+/// Runs work in another process and kills that when wait has returned.
+void KillWhile(const std::function<void()> &work, const std::function<void()> &wait) {
+  const pid_t process = fork();
+  if (process == 0) {
+    work();
+    for (;;)
+      pause();
+  }
+  wait();
+  kill(process, SIGKILL);
+  waitpid(process, nullptr, 0);
+}
 
 int NumberIn(SettingsStore &store, const std::string &keyPath) {
   const SettingsKey *key = store.Find(machine, keyPath);
@@ -58,24 +57,25 @@ void SleepUpTo(std::mt19937 &random, int microseconds) {
 
 TEST(SettingsCrashTest, AKilledWriterLeavesTheOldStateOrTheNew) {
   const TemporaryHome home;
-  SharedNumber written;
+  // The processes have it in common.
+  void *shared = mmap(nullptr, sizeof(std::atomic<int>), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+  std::atomic<int> &written = *new (shared) std::atomic<int>(0);
   std::mt19937 random(1);
   int sawHotJournal = 0;
   for (int round = 0; round < 40; ++round) {
-    {
-      OtherProgram writer([&] { WriteWithoutEnd(home.Path(), *written); });
-      for (const int before = *written; *written == before;)
+    const auto waitForWrites = [&, before = written.load()] {
+      while (written == before)
         usleep(200);
       SleepUpTo(random, 8000);
-      writer.Kill();
-    }
+    };
+    KillWhile([&] { WriteWithoutEnd(home.Path(), written); }, waitForWrites);
     sawHotJournal += SizeOfFile(JournalOf(home.Paths().store)) > 0 ? 1 : 0;
     SettingsStore store(home.Path());
     const int found = NumberIn(store, "First");
-    ASSERT_GE(found, *written);
-    ASSERT_LE(found, *written + 1);
+    ASSERT_GE(found, written);
+    ASSERT_LE(found, written + 1);
     ASSERT_EQ(NumberIn(store, "Last"), found);
-    *written = found;
+    written = found;
   }
   EXPECT_GT(sawHotJournal, 0) << "no round has killed the writer within a transaction";
 }
@@ -84,10 +84,7 @@ TEST(SettingsCrashTest, AKilledFirstStartLeavesNothingInTheWay) {
   std::mt19937 random(2);
   for (int round = 0; round < 25; ++round) {
     const TemporaryHome home;
-    {
-      OtherProgram starter([&] { const SettingsStore store(home.Path()); });
-      SleepUpTo(random, 4000);
-    }
+    KillWhile([&] { const SettingsStore store(home.Path()); }, [&] { SleepUpTo(random, 4000); });
     SettingsStore store(home.Path());
     store.CreateKey(machine, "Software");
     EXPECT_NE(store.Find(machine, "Software"), nullptr);
@@ -102,10 +99,7 @@ TEST(SettingsCrashTest, AKilledRepairIsFinishedByTheNext) {
     RefreshGoodCopy(home.Path());
     const std::string damage = "damaged beyond recognition";
     std::ofstream(home.Paths().store, std::ios::binary) << damage;
-    {
-      OtherProgram repairer([&] { RepairSettings(home.Paths(), SettingsStore::DefaultPatience); });
-      SleepUpTo(random, 4000);
-    }
+    KillWhile([&] { RepairSettings(home.Paths(), SettingsStore::DefaultPatience); }, [&] { SleepUpTo(random, 4000); });
     RepairSettings(home.Paths(), SettingsStore::DefaultPatience);
     SettingsStore store(home.Path());
     EXPECT_EQ(NumberIn(store, "Kept"), 5);
@@ -118,4 +112,4 @@ TEST(SettingsCrashTest, AKilledRepairIsFinishedByTheNext) {
 
 } // namespace
 
-} // namespace turfdesk
+} // namespace turfdesk::test

@@ -2,6 +2,7 @@
 // SPDX-FileCopyrightText: 2026 Turf Desk contributors
 
 #include "SettingsTestTools.h"
+#include "common/TestWorld.h"
 
 #include "platform/RuntimeError.h"
 #include "platform/posix/PosixSettings.h"
@@ -9,27 +10,14 @@
 #include "platform/posix/SettingsRepair.h"
 #include "platform/posix/SettingsStore.h"
 
-#include <sys/stat.h>
 #include <vector>
 
-namespace turfdesk {
+namespace turfdesk::test {
 
 namespace {
 
 constexpr RegistryRoot machine = RegistryRoot::LocalMachine;
 constexpr const char *emptyLine = "\r\n\r\n";
-
-class RecordedBoxes : public MessageBoxes {
-public:
-  BoxAnswer Show(const MessageBox &box) override {
-    mShown.push_back(box);
-    return BoxAnswer::Ok;
-  }
-  const std::vector<MessageBox> &Shown() const { return mShown; }
-
-private:
-  std::vector<MessageBox> mShown;
-};
 
 void Fill(const std::string &home, const std::string &text) {
   constexpr int keys = 300;
@@ -78,7 +66,7 @@ const Damage damages[] = {
     {"NotADatabase", [](const std::string &path) { std::ofstream(path, std::ios::binary) << "[settings]\n"; }},
     {"AnotherDatabase",
      [](const std::string &path) {
-       std::filesystem::remove(path);
+       std::ofstream{path};
        RunSql(path, "CREATE TABLE songs (title TEXT)");
      }},
     {"TableMissing", [](const std::string &path) { RunSql(path, "DROP TABLE entries"); }},
@@ -88,83 +76,77 @@ const Damage damages[] = {
     {"TypeUnknown", [](const std::string &path) { RunSql(path, "UPDATE entries SET type = 3, data = 1"); }},
 };
 
-class SettingsRepairTest : public testing::TestWithParam<Damage> {};
+/// A store that is "newer" than its good copy, "good".
+class SettingsRepairTest : public testing::Test {
+protected:
+  SettingsRepairTest() {
+    Fill(mHome.Path(), "good");
+    RefreshGoodCopy(mHome.Path());
+    Fill(mHome.Path(), "newer");
+  }
 
-TEST_P(SettingsRepairTest, SetsTheDamagedFileAsideAndBringsTheGoodCopyBack) {
-  const TemporaryHome home;
-  const std::string store = home.Paths().store;
-  Fill(home.Path(), "good");
-  RefreshGoodCopy(home.Path());
-  Fill(home.Path(), "newer");
-  GetParam().inflict(store);
-  const std::string damaged = ContentOf(store);
+  /// What the program told at its next start, "" for nothing.
+  std::string Restart() {
+    EXPECT_THROW(OpenRegistryService(mHome.Path()), RuntimeError);
+    RestoreSettings(mHome.Path(), mBoxes);
+    const std::vector<std::string> texts = mBoxes.TakeTexts();
+    EXPECT_LE(texts.size(), 1U);
+    return texts.empty() ? "" : texts.front();
+  }
+
+  std::size_t KeptFiles() const { return FilesStartingWith(mHome.Path(), "settings.damaged-").size(); }
+
+  TemporaryHome mHome;
+  const std::string mStore = mHome.Paths().store;
+  ScriptedBoxes mBoxes;
+};
+
+class SettingsDamageTest : public SettingsRepairTest, public testing::WithParamInterface<Damage> {};
+
+TEST_P(SettingsDamageTest, SetsTheDamagedFileAsideAndBringsTheGoodCopyBack) {
+  GetParam().inflict(mStore);
+  const std::string damaged = ContentOf(mStore);
   try {
-    OpenRegistryService(home.Path());
+    OpenRegistryService(mHome.Path());
     FAIL() << "the damage was not noticed";
   } catch (const RuntimeError &error) {
-    EXPECT_NE(error.Description().find("The settings file is "), std::string::npos) << error.Description();
-    EXPECT_NE(error.Description().find(store), std::string::npos) << error.Description();
+    EXPECT_TRUE(error.Description().starts_with("The settings file is ")) << error.Description();
+    EXPECT_NE(error.Description().find(mStore), std::string::npos) << error.Description();
   }
-
-  RecordedBoxes boxes;
-  RestoreSettings(home.Path(), boxes);
-  const auto kept = FilesStartingWith(home.Path(), "settings.damaged-");
+  const std::string text = Restart();
+  const auto kept = FilesStartingWith(mHome.Path(), "settings.damaged-");
   ASSERT_EQ(kept.size(), 1U);
   EXPECT_EQ(ContentOf(kept.front()), damaged);
-  ASSERT_EQ(boxes.Shown().size(), 1U);
-  EXPECT_EQ(boxes.Shown().front().text, "The settings file was damaged and was kept as" +
-                                            (emptyLine + kept.front().string()) + emptyLine +
-                                            "The last good copy of the settings was brought back.");
-  EXPECT_EQ(boxes.Shown().front().title, "TurfDesk");
-  EXPECT_EQ(NameIn(home.Path()), "good");
-
-  RestoreSettings(home.Path(), boxes);
-  EXPECT_EQ(boxes.Shown().size(), 1U) << "there is nothing to repair any more";
+  EXPECT_EQ(text, "The settings file was damaged and was kept as" + (emptyLine + kept.front().string()) + emptyLine +
+                      "The last good copy of the settings was brought back.");
+  EXPECT_EQ(NameIn(mHome.Path()), "good");
+  RestoreSettings(mHome.Path(), mBoxes);
+  EXPECT_EQ(mBoxes.shown.size(), 0U) << "there is nothing to repair any more";
 }
 
-INSTANTIATE_TEST_SUITE_P(All, SettingsRepairTest, testing::ValuesIn(damages),
+INSTANTIATE_TEST_SUITE_P(All, SettingsDamageTest, testing::ValuesIn(damages),
                          [](const auto &test) { return std::string(test.param.name); });
 
-TEST(SettingsRepair, BringsBackAMissingStore) {
-  const TemporaryHome home;
-  Fill(home.Path(), "good");
-  RefreshGoodCopy(home.Path());
-  std::filesystem::remove(home.Paths().store);
+TEST_F(SettingsRepairTest, BringsBackAMissingStore) {
+  std::filesystem::remove(mStore);
   // As a crash would leave it: played into the good copy, it would spoil it.
-  std::ofstream(JournalOf(home.Paths().store), std::ios::binary) << std::string(3000, 'j');
-  EXPECT_THROW(OpenRegistryService(home.Path()), RuntimeError);
-  RecordedBoxes boxes;
-  RestoreSettings(home.Path(), boxes);
-  ASSERT_EQ(boxes.Shown().size(), 1U);
-  EXPECT_NE(boxes.Shown().front().text.find("missing"), std::string::npos);
-  EXPECT_EQ(NameIn(home.Path()), "good");
-  EXPECT_EQ(FilesStartingWith(home.Path(), "settings.damaged-").size(), 1U) << "the journal";
+  std::ofstream(JournalOf(mStore), std::ios::binary) << std::string(3000, 'j');
+  EXPECT_NE(Restart().find("missing"), std::string::npos);
+  EXPECT_EQ(NameIn(mHome.Path()), "good");
+  EXPECT_EQ(KeptFiles(), 1U) << "the journal";
 }
 
-TEST(SettingsRepair, StartsEmptyWhenThereIsNothingGood) {
-  for (const bool hasCopy : {false, true}) {
-    const TemporaryHome home;
-    Fill(home.Path(), "good");
-    if (hasCopy)
-      std::ofstream(home.Paths().goodCopy, std::ios::binary) << "not good";
-    std::filesystem::resize_file(home.Paths().store, 4096);
-    RecordedBoxes boxes;
-    RestoreSettings(home.Path(), boxes);
-    ASSERT_EQ(boxes.Shown().size(), 1U);
-    EXPECT_TRUE(boxes.Shown().front().text.ends_with("The settings start empty.")) << boxes.Shown().front().text;
-    EXPECT_EQ(FilesStartingWith(home.Path(), "settings.good.damaged-").size(), hasCopy ? 1U : 0U);
-    EXPECT_EQ(FilesStartingWith(home.Path(), "settings.damaged-").size(), 1U);
-    EXPECT_EQ(NameIn(home.Path()), "");
-  }
-}
-
-TEST(SettingsRepair, KeepsEveryDamagedFile) {
-  const TemporaryHome home;
-  for (std::size_t count = 1; count <= 3; ++count) {
-    Fill(home.Path(), "lost");
-    std::filesystem::resize_file(home.Paths().store, 5000);
-    RepairSettings(home.Paths(), SettingsStore::DefaultPatience);
-    EXPECT_EQ(FilesStartingWith(home.Path(), "settings.damaged-").size(), count);
+TEST_F(SettingsRepairTest, StartsEmptyWhenThereIsNothingGoodAndKeepsEveryDamagedFile) {
+  for (const std::size_t round : {1U, 2U}) {
+    if (round == 1)
+      std::ofstream(mHome.Paths().goodCopy, std::ios::binary) << "not good";
+    std::filesystem::resize_file(mStore, 4096);
+    const std::string text = Restart();
+    EXPECT_TRUE(text.ends_with("The settings start empty.")) << text;
+    EXPECT_EQ(FilesStartingWith(mHome.Path(), "settings.good.damaged-").size(), 1U);
+    EXPECT_EQ(KeptFiles(), round);
+    EXPECT_EQ(NameIn(mHome.Path()), "");
+    Fill(mHome.Path(), "lost again");
   }
 }
 
@@ -178,118 +160,66 @@ TEST(SettingsRepair, AnEmptyFileWithoutAGoodCopyIsANewStore) {
   EXPECT_EQ(FilesStartingWith(home.Path(), "settings.damaged-").size(), 2U) << "the empty file and the journal";
 }
 
-TEST(SettingsRepair, LeavesAloneWhatIsNotDamaged) {
-  const TemporaryHome home;
-  const std::string store = home.Paths().store;
-  Fill(home.Path(), "good");
-  RefreshGoodCopy(home.Path());
-  const struct {
-    void (*change)(const std::string &path);
-    const char *words;
-  } cases[] = {
-      {[](const std::string &path) { RunSql(path, "PRAGMA user_version=2"); }, "later version"},
-      {[](const std::string &path) {
-         std::filesystem::remove(path);
-         std::filesystem::create_directory(path);
-       },
-       "cannot be opened"},
-  };
-  for (const auto &[change, words] : cases) {
-    SCOPED_TRACE(words);
-    change(store);
-    EXPECT_THROW(OpenRegistryService(home.Path()), RuntimeError);
-    RecordedBoxes boxes;
-    RestoreSettings(home.Path(), boxes);
-    ASSERT_EQ(boxes.Shown().size(), 1U);
-    EXPECT_NE(boxes.Shown().front().text.find(words), std::string::npos) << boxes.Shown().front().text;
-    EXPECT_EQ(FilesStartingWith(home.Path(), "settings.damaged-").size(), 0U);
-  }
+TEST_F(SettingsRepairTest, LeavesAloneWhatIsNotDamaged) {
+  RunSql(mStore, "PRAGMA user_version=2");
+  EXPECT_NE(Restart().find("later version"), std::string::npos);
+  std::filesystem::remove(mStore);
+  std::filesystem::create_directory(mStore);
+  EXPECT_NE(Restart().find("cannot be opened"), std::string::npos);
+  EXPECT_EQ(KeptFiles(), 0U);
 }
 
-TEST(SettingsRepair, AStoreThatWasBusyIsNotWaitedForAgainButToldAsSuch) {
-  const TemporaryHome home;
-  Fill(home.Path(), "good");
-  RefreshGoodCopy(home.Path());
-  SettingsAccess access(home.Path(), std::chrono::milliseconds(20));
-  RecordedBoxes boxes;
+TEST_F(SettingsRepairTest, AStoreThatWasBusyIsNotWaitedForAgainButToldAsSuch) {
+  SettingsAccess access(mHome.Path(), std::chrono::milliseconds(20));
   {
-    const LockingProgram other(home.Paths().store);
+    const SqliteConnection other = RunSql(mStore);
     EXPECT_THROW(access.Open(), RuntimeError);
-    access.Restore(boxes);
+    access.Restore(mBoxes);
   }
-  access.Restore(boxes);
-  ASSERT_EQ(boxes.Shown().size(), 2U) << "told whether or not the other program has ended meanwhile";
-  for (const MessageBox &box : boxes.Shown())
-    EXPECT_EQ(box.text,
-              "The settings were in use by another program. Nothing was changed:" + (emptyLine + home.Paths().store));
-  EXPECT_EQ(NameIn(home.Path()), "good");
-  std::filesystem::resize_file(home.Paths().store, 5000);
+  access.Restore(mBoxes);
+  const std::string text =
+      "The settings were in use by another program. Nothing was changed:" + (emptyLine + mHome.Paths().store);
+  EXPECT_EQ(mBoxes.TakeTexts(), (std::vector{text, text})) << "whether or not the other program has ended meanwhile";
+  EXPECT_EQ(NameIn(mHome.Path()), "newer");
+  std::filesystem::resize_file(mStore, 5000);
   EXPECT_THROW(access.Open(), RuntimeError);
-  access.Restore(boxes);
-  EXPECT_EQ(NameIn(home.Path()), "good") << "damage is repaired, though the store was busy before";
+  access.Restore(mBoxes);
+  EXPECT_EQ(NameIn(mHome.Path()), "good") << "damage is repaired, though the store was busy before";
 }
 
-TEST(SettingsRepair, MovesNothingUntilTheReplacementIsReady) {
-  const TemporaryHome home;
-  Fill(home.Path(), "good");
-  RefreshGoodCopy(home.Path());
-  std::filesystem::resize_file(home.Paths().store, 5000);
-  std::filesystem::create_directory(home.Paths().unfinished);
-  RecordedBoxes boxes;
-  RestoreSettings(home.Path(), boxes);
-  ASSERT_EQ(boxes.Shown().size(), 1U);
-  EXPECT_NE(boxes.Shown().front().text.find(home.Paths().unfinished), std::string::npos) << boxes.Shown().front().text;
-  EXPECT_EQ(SizeOfFile(home.Paths().store), 5000);
+TEST_F(SettingsRepairTest, MovesNothingUntilTheReplacementIsReady) {
+  std::filesystem::resize_file(mStore, 5000);
+  std::filesystem::create_directory(mHome.Paths().unfinished);
+  EXPECT_NE(Restart().find(mHome.Paths().unfinished), std::string::npos);
+  EXPECT_EQ(SizeOfFile(mStore), 5000);
 }
 
-TEST(SettingsRepair, OfTwoAtOnceOnlyOneActs) {
-  for (int round = 0; round < 15; ++round) {
-    const TemporaryHome home;
-    Fill(home.Path(), "good");
-    RefreshGoodCopy(home.Path());
-    std::filesystem::resize_file(home.Paths().store, 5000);
-    std::array<pid_t, 3> repairers{};
-    for (pid_t &repairer : repairers) {
-      repairer = fork();
-      if (repairer == 0)
-        _exit(RepairSettings(home.Paths(), SettingsStore::DefaultPatience).empty() ? 0 : 1);
-    }
-    int acted = 0;
-    for (const pid_t repairer : repairers) {
-      int status = 0;
-      ASSERT_EQ(waitpid(repairer, &status, 0), repairer);
-      ASSERT_TRUE(WIFEXITED(status));
-      acted += WEXITSTATUS(status);
-    }
-    EXPECT_EQ(acted, 1);
-    EXPECT_EQ(FilesStartingWith(home.Path(), "settings.damaged-").size(), 1U);
-    EXPECT_EQ(NameIn(home.Path()), "good");
+TEST_F(SettingsRepairTest, OfSomeAtOnceOnlyOneActs) {
+  for (std::size_t round = 1; round <= 15; ++round) {
+    std::filesystem::resize_file(mStore, 5000);
+    const auto acted = RunAtOnce(
+        [this](int) { return RepairSettings(mHome.Paths(), SettingsStore::DefaultPatience).empty() ? 0 : 1; });
+    EXPECT_EQ(acted[0] + acted[1] + acted[2], 1);
+    EXPECT_EQ(KeptFiles(), round);
+    EXPECT_EQ(NameIn(mHome.Path()), "good");
   }
 }
 
-TEST(SettingsRepair, TheGoodCopyFollowsTheStoreAndNothingElse) {
-  const TemporaryHome home;
-  const std::string goodCopy = home.Paths().goodCopy;
-  Fill(home.Path(), "first");
-  RefreshGoodCopy(home.Path());
-  const auto inodeOf = [](const std::string &path) {
-    struct stat status {};
-    return stat(path.c_str(), &status) == 0 ? status.st_ino : 0;
-  };
-  const auto first = inodeOf(goodCopy);
-  ASSERT_NE(first, 0U);
-  RefreshGoodCopy(home.Path());
-  EXPECT_EQ(inodeOf(goodCopy), first) << "nothing had changed";
-  Fill(home.Path(), "second");
-  RefreshGoodCopy(home.Path());
-  EXPECT_EQ(ContentOf(goodCopy), ContentOf(home.Paths().store));
-  const std::string second = ContentOf(goodCopy);
-  Fill(home.Path(), "third");
-  Overwrite(home.Paths().store, 12288, std::string(4096, '\x5a'));
-  RefreshGoodCopy(home.Path());
-  EXPECT_EQ(ContentOf(goodCopy), second) << "a damaged store is no good copy";
+TEST_F(SettingsRepairTest, TheGoodCopyFollowsTheStoreAndNothingElse) {
+  const std::string goodCopy = mHome.Paths().goodCopy;
+  RefreshGoodCopy(mHome.Path());
+  EXPECT_EQ(ContentOf(goodCopy), ContentOf(mStore));
+  const std::string copied = ContentOf(goodCopy);
+  MakeOld(goodCopy);
+  const auto time = std::filesystem::last_write_time(goodCopy);
+  RefreshGoodCopy(mHome.Path());
+  EXPECT_EQ(std::filesystem::last_write_time(goodCopy), time) << "nothing had changed";
+  Fill(mHome.Path(), "newest");
+  Overwrite(mStore, 12288, std::string(4096, '\x5a'));
+  RefreshGoodCopy(mHome.Path());
+  EXPECT_EQ(ContentOf(goodCopy), copied) << "a damaged store is no good copy";
 }
 
 } // namespace
 
-} // namespace turfdesk
+} // namespace turfdesk::test

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 Turf Desk contributors
 
+#include "../PlatformTest.h"
 #include "RegistryTools.h"
 
 #include "platform/RuntimeError.h"
@@ -9,15 +10,11 @@
 
 #include "common/TestWorld.h"
 
-namespace turfdesk {
+namespace turfdesk::test {
 
 namespace {
 
 using namespace std::string_literals;
-using test::RestrictedKey;
-using test::Utf16;
-
-using Texts = std::vector<std::string>;
 
 constexpr RegistryRoot machine = RegistryRoot::LocalMachine;
 const std::wstring gameKey = LR"(Software\KESTRAVON\Marrowfell 2002)";
@@ -46,7 +43,7 @@ public:
   Texts started;
 };
 
-class LibraryRepairTest : public test::RegistryTest {
+class LibraryRepairTest : public PlatformTest {
 protected:
   Texts Repair() {
     mPrograms.started.clear();
@@ -57,11 +54,11 @@ protected:
   }
 
   RecordedProcesses mPrograms;
-  test::ScriptedBoxes mBoxes;
+  ScriptedBoxes mBoxes;
 };
 
 TEST_F(LibraryRepairTest, RegistersBothLibrariesOfTheFolder) {
-  test::WriteRaw(machine, gameKey, L"TurfManager", 1, Utf16(L"C:\\Käse und Brot\0"s));
+  WriteRaw(gameKey, L"TurfManager", 1, Utf16(L"C:\\Käse und Brot\0"s));
   EXPECT_EQ(Repair(), Texts{"C:\\Käse und Brot"});
   EXPECT_EQ(mPrograms.started, (Texts{"REGSVR32.EXE|C:\\Käse und Brot\\VorinRegistry.dll|hidden",
                                       "REGSVR32.EXE|C:\\Käse und Brot\\VorinLib.dll|hidden"}));
@@ -73,11 +70,11 @@ TEST_F(LibraryRepairTest, RegistersBothLibrariesOfTheFolder) {
 
 TEST_F(LibraryRepairTest, SaysWhatIsMissingAndStartsNothing) {
   EXPECT_EQ(Repair(), Texts{noFolder}) << "no key";
-  test::WriteRaw(machine, gameKey, L"Other", 1, Utf16(L"x"));
+  WriteRaw(gameKey, L"Other", 1, Utf16(L"x"));
   EXPECT_EQ(Repair(), Texts{noFolder}) << "no value";
   const std::pair<std::uint32_t, std::string> amiss[] = {{1, ""}, {1, Utf16(L"\0"s)}, {4, "\x05\0\0\0"s}, {3, "C:"}};
   for (const auto &[type, bytes] : amiss) {
-    test::WriteRaw(machine, gameKey, L"TurfManager", type, bytes);
+    WriteRaw(gameKey, L"TurfManager", type, bytes);
     EXPECT_EQ(Repair(), Texts{noFolder}) << type;
     EXPECT_EQ(mPrograms.started, Texts{});
   }
@@ -88,4 +85,4 @@ TEST_F(LibraryRepairTest, SaysWhatIsMissingAndStartsNothing) {
 
 } // namespace
 
-} // namespace turfdesk
+} // namespace turfdesk::test

@@ -1,30 +1,25 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 Turf Desk contributors
 
+#include "../PlatformTest.h"
 #include "RegistryTools.h"
 
-#include "catalogue/Catalogue.h"
 #include "platform/windows/SystemError.h"
 #include "shell/FileTypes.h"
 #include "shell/basVorinInit.h"
-#include "support/basVorinRegistry.h"
 
 #include "common/TestWorld.h"
 
-namespace turfdesk {
+namespace turfdesk::test {
 
 namespace {
-
-using test::RestrictedKey;
-
-using Texts = std::vector<std::string>;
 
 constexpr RegistryRoot machine = RegistryRoot::LocalMachine;
 
 /// A whole program whose user may not do everything.
-class RegistryRightsTest : public test::RegistryTest {
+class RegistryRightsTest : public testing::Test {
 protected:
-  test::TestWorld mWorld;
+  TestWorld mWorld;
 };
 
 Texts SixBoxes(const std::string &openCode) {
@@ -36,7 +31,7 @@ Texts SixBoxes(const std::string &openCode) {
 
 TEST_F(RegistryRightsTest, FileTypesThatMayNotBeWrittenGiveTwoBoxesEach) {
   {
-    const test::UnwritableClasses classes;
+    const UnwritableClasses classes;
     RegisterFileTypes(mWorld.state);
     EXPECT_EQ(mWorld.boxes.TakeTexts(), SixBoxes("2")) << "they cannot be made, so they are not there";
   }
@@ -47,19 +42,6 @@ TEST_F(RegistryRightsTest, FileTypesThatMayNotBeWrittenGiveTwoBoxesEach) {
   const RestrictedKey package(RegistryRoot::ClassesRoot, L".hlz", RestrictedKey::Rights::Read);
   RegisterFileTypes(mWorld.state);
   EXPECT_EQ(mWorld.boxes.TakeTexts(), SixBoxes("5")) << "they are there and stay as they are";
-}
-
-TEST_F(RegistryRightsTest, ACatalogueThatMayOnlyBeReadIsSeenAndStays) {
-  const std::string key = std::string(CoursesKey) + "\\{1}";
-  ASSERT_TRUE(SetRegistryValue(mWorld.state, LocalMachine, key, "Name", "old"));
-  const RestrictedKey courses(machine, LR"(Software\KESTRAVON\Marrowfell 2002\Courses)", RestrictedKey::Rights::Read);
-  const RestrictedKey course(machine, LR"(Software\KESTRAVON\Marrowfell 2002\Courses\{1})",
-                             RestrictedKey::Rights::Read);
-  EXPECT_FALSE(SetRegistryValue(mWorld.state, LocalMachine, key, "Name", "new"));
-  EXPECT_EQ(GetRegistryError(mWorld.state), SystemWords(5) + "\r\n\r\nHKEY_LOCAL_MACHINE\\" + key);
-  EXPECT_FALSE(SetRegistryValue(mWorld.state, LocalMachine, std::string(CoursesKey) + "\\{2}", "Name", "x"));
-  EXPECT_EQ(GetSubkeys(mWorld.state, LocalMachine, CoursesKey), StringList{"{1}"});
-  EXPECT_EQ(GetRegistryValue(mWorld.state, LocalMachine, key, "Name", ""), "old");
 }
 
 TEST_F(RegistryRightsTest, SettingsThatMayNotBeReadLeadToTheRepair) {
@@ -77,4 +59,4 @@ TEST_F(RegistryRightsTest, SettingsThatMayNotBeReadLeadToTheRepair) {
 
 } // namespace
 
-} // namespace turfdesk
+} // namespace turfdesk::test

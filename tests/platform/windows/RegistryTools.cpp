@@ -3,8 +3,6 @@
 
 #include "RegistryTools.h"
 
-#include "common/ScratchSystem.h"
-
 #include <windows.h>
 
 #include <sddl.h>
@@ -15,9 +13,6 @@ namespace turfdesk::test {
 
 namespace {
 
-constexpr const wchar_t *machineKeys[] = {LR"(Software\Turf Desk Tests)", LR"(Software\KESTRAVON)"};
-constexpr const wchar_t *classKeys[] = {L".hlb", L".hlc", L".hlz"};
-
 HKEY HandleOf(RegistryRoot root) { return root == RegistryRoot::LocalMachine ? HKEY_LOCAL_MACHINE : HKEY_CLASSES_ROOT; }
 REGSAM ViewOf(RegistryRoot root) { return root == RegistryRoot::LocalMachine ? KEY_WOW64_32KEY : 0; }
 
@@ -26,28 +21,12 @@ void Require(LSTATUS status, const char *what) {
     throw std::runtime_error(what + (": " + std::to_string(status)));
 }
 
-void DeleteBranch(RegistryRoot root, const wchar_t *path) {
-  HKEY key = nullptr;
-  if (RegOpenKeyExW(HandleOf(root), path, 0, KEY_ALL_ACCESS | ViewOf(root), &key) == ERROR_FILE_NOT_FOUND)
-    return;
-  Require(RegDeleteTreeW(key, nullptr), "what is below a key cannot be deleted");
-  RegCloseKey(key);
-  Require(RegDeleteKeyExW(HandleOf(root), path, ViewOf(root), 0), "a key cannot be deleted");
-}
-
 HKEY CreateVolatileKey(const wchar_t *path) {
   HKEY key = nullptr;
   Require(RegCreateKeyExW(HKEY_LOCAL_MACHINE, path, 0, nullptr, REG_OPTION_VOLATILE, KEY_READ | KEY_WOW64_32KEY,
                           nullptr, &key, nullptr),
           "create a volatile key");
   return key;
-}
-
-void DeleteTestKeys() {
-  for (const wchar_t *path : machineKeys)
-    DeleteBranch(RegistryRoot::LocalMachine, path);
-  for (const wchar_t *path : classKeys)
-    DeleteBranch(RegistryRoot::ClassesRoot, path);
 }
 
 } // namespace
@@ -91,11 +70,10 @@ bool ExistsFor64BitPrograms(const std::wstring &path) {
   return status == ERROR_SUCCESS;
 }
 
-void WriteRaw(RegistryRoot root, const std::wstring &path, const std::wstring &name, std::uint32_t type,
-              const std::string &bytes) {
+void WriteRaw(const std::wstring &path, const std::wstring &name, std::uint32_t type, const std::string &bytes) {
   HKEY key = nullptr;
-  Require(RegCreateKeyExW(HandleOf(root), path.c_str(), 0, nullptr, 0, KEY_SET_VALUE | ViewOf(root), nullptr, &key,
-                          nullptr),
+  Require(RegCreateKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, nullptr, 0, KEY_SET_VALUE | KEY_WOW64_32KEY, nullptr,
+                          &key, nullptr),
           "create");
   Require(RegSetValueExW(key, name.c_str(), 0, type, reinterpret_cast<const BYTE *>(bytes.data()),
                          static_cast<DWORD>(bytes.size())),
@@ -106,12 +84,5 @@ void WriteRaw(RegistryRoot root, const std::wstring &path, const std::wstring &n
 std::string Utf16(const std::wstring &text) {
   return {reinterpret_cast<const char *>(text.data()), text.size() * sizeof(wchar_t)};
 }
-
-RegistryTest::RegistryTest() {
-  RequireScratchSystem();
-  DeleteTestKeys();
-}
-
-RegistryTest::~RegistryTest() { DeleteTestKeys(); }
 
 } // namespace turfdesk::test

@@ -7,10 +7,12 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdint>
 #include <string>
 
 namespace turfdesk::test {
+
+inline constexpr const wchar_t *WideKey = LR"(Software\Turf Desk Tests)";
+inline std::wstring WideBelow(const std::wstring &rest) { return std::wstring(WideKey) + L'\\' + rest; }
 
 /// A key of the registry that other programs may use as its rights say, for as long as the object lives.
 class RestrictedKey {
@@ -46,23 +48,10 @@ void MakeVolatileKey(const std::wstring &path);
 /// Does a program with the system's own view find this key of HKEY_LOCAL_MACHINE?
 bool ExistsFor64BitPrograms(const std::wstring &path);
 
-/// Writes a value as another program might, making its key. Keys of HKEY_LOCAL_MACHINE are those of 32-bit programs.
-void WriteRaw(RegistryRoot root, const std::wstring &path, const std::wstring &name, std::uint32_t type,
-              const std::string &bytes);
+/// Writes a value of HKEY_LOCAL_MACHINE as another 32-bit program might, making its key.
+void WriteRaw(const std::wstring &path, const std::wstring &name, std::uint32_t type, const std::string &bytes);
 
 /// The bytes of a text, without a NUL behind it.
 std::string Utf16(const std::wstring &text);
-
-/// A test with a key of its own, RegistryTest::Key, which is not there when the test begins. The settings of the game
-/// and its file types are deleted, too.
-class RegistryTest : public testing::Test {
-protected:
-  RegistryTest();
-  ~RegistryTest() override;
-
-  static constexpr const char *Key = R"(Software\Turf Desk Tests)";
-  static std::wstring WideKey(const std::wstring &rest = {}) { return LR"(Software\Turf Desk Tests)" + rest; }
-  static std::string Below(const std::string &rest) { return std::string(Key) + '\\' + rest; }
-};
 
 } // namespace turfdesk::test

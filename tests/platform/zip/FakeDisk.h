@@ -4,9 +4,11 @@
 #pragma once
 
 #include "platform/BinaryFile.h"
+#include "platform/CaseFold.h"
 #include "platform/RuntimeError.h"
 #include "platform/StagedFile.h"
 
+#include <algorithm>
 #include <functional>
 #include <limits>
 #include <map>
@@ -46,10 +48,87 @@ public:
   int stagedNow = 0;
   int flushes = 0;
 
-  std::unique_ptr<BinaryFile> OpenForBinaryRead(std::string_view path) override;
-  std::unique_ptr<StagedFile> Create(std::string_view destination, bool makeFolders) override;
-  bool IsSameFile(std::string_view first, std::string_view second) override;
-  std::uint64_t FreeBytes(std::string_view folder) override;
+  std::unique_ptr<BinaryFile> OpenForBinaryRead(std::string_view path) override {
+    ThrowIf(openError);
+    const auto file = files.find(std::string(path));
+    return file == files.end() ? nullptr : std::make_unique<OpenFile>(*this, file->second);
+  }
+  std::unique_ptr<StagedFile> Create(std::string_view destination, bool makeFolders) override {
+    ThrowIf(createError);
+    const std::string folder(destination.substr(0, destination.rfind('\\')));
+    if (makeFolders)
+      folders.insert(folder);
+    FreeBytes(folder);
+    return std::make_unique<NewFile>(*this, destination);
+  }
+  bool IsSameFile(std::string_view first, std::string_view second) override {
+    return EqualsIgnoringCase(first, second);
+  }
+  std::uint64_t FreeBytes(std::string_view folder) override {
+    if (!folders.contains(std::string(folder)))
+      throw RuntimeError(ErrorNumber::PathNotFound);
+    return freeBytes;
+  }
+
+private:
+  static void ThrowIf(const std::optional<ErrorNumber> &error) {
+    if (error)
+      throw RuntimeError(*error);
+  }
+
+  class OpenFile final : public BinaryFile {
+  public:
+    OpenFile(const FakeDisk &disk, const File &file) : mDisk(disk), mFile(file) {}
+
+    std::size_t Read(std::span<std::uint8_t> buffer) override {
+      const Bytes &content = mFile.content;
+      const std::size_t start = std::min<std::size_t>(mPosition, content.size());
+      const std::size_t count = std::min(buffer.size(), content.size() - start);
+      if (start <= mDisk.readErrorAt && mDisk.readErrorAt < start + count)
+        ThrowIf(mDisk.readError);
+      std::copy_n(content.begin() + static_cast<std::ptrdiff_t>(start), count, buffer.begin());
+      mPosition += count;
+      return count;
+    }
+    void Seek(std::uint64_t offset) override { mPosition = offset; }
+    std::uint64_t Size() override { return mFile.content.size(); }
+    std::int64_t ModificationTime() override { return mFile.modified; }
+
+  private:
+    const FakeDisk &mDisk;
+    const File &mFile;
+    std::uint64_t mPosition = 0;
+  };
+
+  class NewFile final : public StagedFile {
+  public:
+    NewFile(FakeDisk &disk, std::string_view path) : mDisk(disk), mPath(path) { ++mDisk.stagedNow; }
+    ~NewFile() override { --mDisk.stagedNow; }
+
+    void Write(std::span<const std::uint8_t> data) override {
+      ThrowIf(mDisk.writeError);
+      mDisk.bytesWritten += data.size();
+      if (mDisk.bytesWritten > mDisk.room)
+        throw RuntimeError(ErrorNumber::DiskFull);
+      mFile.content.resize(std::max(mFile.content.size(), mPosition + data.size()));
+      std::copy(data.begin(), data.end(), mFile.content.begin() + static_cast<std::ptrdiff_t>(mPosition));
+      mPosition += data.size();
+    }
+    void Seek(std::uint64_t offset) override { mPosition = offset; }
+    std::uint64_t Tell() override { return mPosition; }
+    void SetModificationTime(std::int64_t seconds) override { mFile.modified = seconds; }
+    void Commit(bool flush) override {
+      ThrowIf(mDisk.commitError);
+      mDisk.flushes += flush ? 1 : 0;
+      mDisk.files[mPath] = std::move(mFile);
+    }
+
+  private:
+    FakeDisk &mDisk;
+    std::string mPath;
+    File mFile;
+    std::size_t mPosition = 0;
+  };
 };
 
 } // namespace turfdesk

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 Turf Desk contributors
+
+#include "PlatformTest.h"
+
+#include "samples/Basics.h"
+
+#include <algorithm>
+
+namespace turfdesk::test {
+
+PlatformTest::PlatformTest() : mPlatform(MakePlatform(samples::Utf8(mHome.Path()))) {}
+
+// A folder that somebody is in cannot be deleted everywhere.
+PlatformTest::~PlatformTest() { std::filesystem::current_path(std::filesystem::temp_directory_path()); }
+
+std::string PlatformTest::Put(const std::string &path, std::string_view content) const {
+  samples::WriteFile(Host(path), samples::ToBytes(content));
+  return path;
+}
+
+std::string PlatformTest::Content(const std::string &path) const {
+  if (!std::filesystem::is_regular_file(Host(path)))
+    return "(no file)";
+  const samples::Bytes content = samples::ReadFile(Host(path));
+  return {content.begin(), content.end()};
+}
+
+Texts PlatformTest::Entries(const std::string &folder) const {
+  Texts names;
+  for (const auto &entry : std::filesystem::directory_iterator(Host(folder)))
+    if (!IsOfSystem(entry.path()))
+      names.push_back(samples::Utf8(entry.path().filename()));
+  std::ranges::sort(names);
+  return names;
+}
+
+void Write(StagedFile &file, std::string_view text) {
+  file.Write({reinterpret_cast<const std::uint8_t *>(text.data()), text.size()});
+}
+
+std::string LargeContent() {
+  std::string content(std::size_t{9} << 20U, '\0');
+  for (std::size_t i = 0; i < content.size(); i += 1000)
+    content[i] = static_cast<char>(i / 1000);
+  return content;
+}
+
+} // namespace turfdesk::test
