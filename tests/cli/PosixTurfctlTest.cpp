@@ -10,18 +10,13 @@ namespace {
 /// What only this system has: devices, a home folder and a settings store that can be damaged.
 class PosixTurfctlTest : public TurfctlTest {
 protected:
-  /// Runs turfctl from the shell, with what follows its home folder.
-  Outcome RunInShell(const std::string &rest) const {
-    return {test::RunProgram("/bin/sh", {"-c", std::string(TURFCTL) + " --home '" + home.Path().string() + "' " + rest},
-                             "")};
-  }
+  const std::string command = std::string(TURFCTL) + " --home '" + home.Path().string() + "' ";
 };
 
 } // namespace
 
 TEST_F(PosixTurfctlTest, ATerminalGetsTextThatCanBeRead) {
-  const std::string command = std::string(TURFCTL) + " --home '" + home.Path().string() + "' tree export";
-  const test::ProgramRun run = test::RunProgram("/usr/bin/script", {"-qec", command, "/dev/null"}, "");
+  const test::ProgramRun run = test::RunProgram("/usr/bin/script", {"-qec", command + "tree export", "/dev/null"}, "");
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.output, "Windows Registry Editor Version 5.00\r\n\r\n");
 }
@@ -29,25 +24,30 @@ TEST_F(PosixTurfctlTest, ATerminalGetsTextThatCanBeRead) {
 TEST_F(PosixTurfctlTest, AFileThatCannotBeReadIsNamedAndAnAnswerThatCannotBeWrittenIsNoSuccess) {
   const Outcome unreadable = Run("--json tree import /proc/self/mem");
   EXPECT_EQ(unreadable.status, 1);
-  EXPECT_NE(unreadable.Answer()["messages"][0]["text"].get<std::string>().find(":\\"), std::string::npos);
-  EXPECT_EQ(RunInShell("settings list > /dev/full").status, 1);
+  EXPECT_NE(unreadable.Boxes().at(0).find(":\\"), std::string::npos);
+  EXPECT_EQ(test::RunProgram("/bin/sh", {"-c", command + "settings list > /dev/full"}, "").status, 1);
 }
 
 TEST_F(PosixTurfctlTest, AHomeThatCannotBeMadeIsNamed) {
   std::ofstream(home.Path() / "drive_c") << "in the way";
   const Outcome outcome = Run("--json list");
   EXPECT_EQ(outcome.status, 3);
-  EXPECT_EQ(outcome.Answer()["messages"][0]["text"], "The folder for the program's own files cannot be used.\r\n\r\n" +
-                                                         home.Path().string() + "\r\n\r\nPath not found");
+  EXPECT_EQ(outcome.Boxes(), Texts{"error [Turf Desk] The folder for the program's own files cannot be used.\r\n\r\n" +
+                                   home.Path().string() + "\r\n\r\nPath not found"});
 }
 
 TEST_F(PosixTurfctlTest, ADamagedStoreIsToldAndRepaired) {
-  ASSERT_EQ(Run("list").status, 0);
-  std::ofstream(home.Path() / "settings.db") << "not a settings store";
+  ASSERT_EQ(Run(R"(settings set InstallDir 'D:\Golf')").status, 0);
+  ASSERT_EQ(Run("list").status, 0) << "a good start makes the copy that comes back";
+  std::filesystem::resize_file(home.Path() / "settings.db", 5000);
   const Outcome damaged = Run("--json list");
   EXPECT_EQ(damaged.status, 3);
-  EXPECT_EQ(damaged.Answer()["messages"].size(), 3U) << damaged.output;
-  EXPECT_EQ(Run("list").status, 0) << "the repair made it usable again";
+  const Texts boxes = damaged.Boxes();
+  ASSERT_EQ(boxes.size(), 3U) << damaged.output;
+  EXPECT_TRUE(boxes[0].starts_with("error [Turf Desk] basVorinInit.Init(): "));
+  EXPECT_EQ(boxes[1], "error [Turf Desk] Necessary dll's have been unregistered.\r\nTurf Desk will attempt to restore "
+                      "them.\r\nPlease restart Turf Desk.");
+  EXPECT_EQ(Run("settings get InstallDir").output, "D:\\Golf\n");
 }
 
 } // namespace turfdesk

@@ -11,9 +11,9 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
-#include <algorithm>
 #include <fstream>
-#include <iterator>
+#include <iomanip>
+#include <sstream>
 
 namespace turfdesk {
 
@@ -21,14 +21,28 @@ using Json = nlohmann::json;
 
 struct Outcome : test::ProgramRun {
   Json Answer() const { return Json::parse(output); }
+  /// The boxes of an answer in JSON, as "kind [title] text".
+  std::vector<std::string> Boxes() const {
+    std::vector<std::string> boxes;
+    const Json answer = Answer();
+    for (const Json &box : answer.at("messages"))
+      boxes.push_back(box.at("kind").get<std::string>() + " [" + box.at("title").get<std::string>() + "] " +
+                      box.at("text").get<std::string>());
+    return boxes;
+  }
 };
+
+using Texts = std::vector<std::string>;
 
 /// turfctl on a home of its own, run as a user runs it.
 class TurfctlTest : public testing::Test {
 protected:
+  /// Blanks part the arguments, unless they stand between apostrophes.
   Outcome Run(const std::string &arguments, const std::string &input = "") const {
     std::vector<std::string> words = {"--home", samples::Utf8(home.Path())};
-    std::ranges::copy(test::SplitArguments(arguments), std::back_inserter(words));
+    std::istringstream line(arguments);
+    for (std::string word; line >> std::quoted(word, '\'', '\0');)
+      words.push_back(word);
     return {test::RunProgram(TURFCTL, words, input)};
   }
 

@@ -12,10 +12,10 @@
 
 namespace turfdesk {
 
-/// The texts of a row, name first, by "course " or "library " and its key.
-using Rows = std::map<std::string, std::vector<std::string>>;
+inline bool AgreeToEverything(const MessageBox & /*box*/) { return true; }
 
-Rows RowsOf(const SharedState &state);
+/// The name and the paths that a row shows, by "course " or "library " and its key.
+using Rows = std::map<std::string, std::vector<std::string>>;
 
 /// All that a world holds at a moment.
 struct Picture {
@@ -35,6 +35,9 @@ struct Pictures {
   Picture done;
   Picture now;
 };
+
+/// All but what is to be judged: a world, and the same after the command has run without a fault.
+Pictures LookBeforeAndAfter(const Command &command);
 
 /// Each content that there was and that the command does not give up lies whole somewhere.
 void ExpectNothingLost(const Pictures &pictures);

@@ -5,6 +5,7 @@
 
 #include "common/GolfWorld.h"
 
+#include <functional>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -17,18 +18,18 @@ enum class Work { Install, Move, Uninstall, Compress };
 struct Command {
   const char *name;
   Work work;
-  bool (*run)(test::GolfProgram &program);
+  std::function<bool(test::GolfProgram &program)> run;
   /// The files, below drive C:, whose content is to be gone afterwards: replaced or uninstalled.
   std::vector<std::string> givenUp = {};
-  /// What to tell turfctl for the same; the broadest commands have it.
-  const char *arguments = "";
+  /// Is it one of those that between them do everything?
+  bool isBroad = false;
 };
 
 inline void PrintTo(const Command &command, std::ostream *stream) { *stream << command.name; }
 
 /// Every kind of work that touches files, on new and on existing ground.
 const std::vector<Command> &Commands();
-/// Those of them that between them do everything, for tests in which each command takes long.
+/// For tests in which each command takes long.
 std::vector<Command> BroadestCommands();
 
 } // namespace turfdesk

@@ -7,6 +7,7 @@
 #include "support/basVorinRegistry.h"
 
 #include "common/InjectedFault.h"
+#include "samples/Basics.h"
 
 namespace turfdesk {
 
@@ -18,6 +19,11 @@ constexpr const char *question = "C:\\settings.reg\r\n\r\nFile already exists. D
 
 class SettingsExchangeTest : public testing::Test {
 protected:
+  std::string ContentOf(const char *path) const {
+    const samples::Bytes content = samples::ReadFile(world.Host(path));
+    return {content.begin(), content.end()};
+  }
+
   test::TestWorld world;
   SharedState &state = world.state;
 };
@@ -25,12 +31,13 @@ protected:
 } // namespace
 
 TEST_F(SettingsExchangeTest, ExportImportAndExportGiveTheSameBytes) {
-  std::string name;
+  std::string printable;
   for (char c = ' '; c <= '~'; ++c)
-    name += c;
-  const std::string unslashed = name.substr(0, name.find('\\')) + name.substr(name.find('\\') + 1);
-  const std::string entry = R"(SOFTWARE\kestravon\Marrowfell 2002\Courses\)" + unslashed;
-  for (const std::string &text : {name, std::string("Größe 😀"), std::string("two\r\nlines"), std::string()})
+    printable += c;
+  std::string entry = R"(SOFTWARE\kestravon\Marrowfell 2002\Courses\)" + printable;
+  entry.erase(entry.rfind('\\'), 1);
+  const std::vector<std::string> texts = {printable, "Größe 😀", "two\r\nlines", ""};
+  for (const std::string &text : texts)
     ASSERT_TRUE(SetRegistryValue(state, LocalMachine, entry, text + "!", text));
   state.registryValueKind = 1;
   ASSERT_TRUE(SetRegistryValue(state, LocalMachine, entry, "number", "-7"));
@@ -40,13 +47,12 @@ TEST_F(SettingsExchangeTest, ExportImportAndExportGiveTheSameBytes) {
   ASSERT_TRUE(Import(world, header + "[HKEY_CLASSES_ROOT\\.hlz\\Shell]\n@=\"x\"\n[HKEY_CLASSES_ROOT\\.hlc]"));
 
   ASSERT_TRUE(ExportSettings(state, R"(C:\out.reg)"));
-  const std::string bytes = ContentOf(world.Host(R"(C:\out.reg)"));
+  const std::string bytes = ContentOf(R"(C:\out.reg)");
   EXPECT_TRUE(bytes.starts_with("\xFF\xFEW"));
-  EXPECT_EQ(bytes, RegistryTextBytes(SettingsOf(state)));
   test::TestWorld other;
   ASSERT_TRUE(Import(other, bytes)) << other.boxes.TakeTexts().back();
   EXPECT_EQ(RegistryTextBytes(SettingsOf(other.state)), bytes);
-  for (const std::string &text : {name, std::string("Größe 😀"), std::string("two\r\nlines")})
+  for (const std::string &text : texts)
     EXPECT_EQ(GetRegistryValue(other.state, LocalMachine, entry, text + "!", "absent"), text);
   EXPECT_TRUE(RegistryKeyExists(other.state, LocalMachine, R"(Software\KESTRAVON\Marrowfell 2002\empty)"));
   EXPECT_FALSE(RegistryKeyExists(other.state, LocalMachine, R"(Software\KESTRAVON\Other)"));
@@ -88,16 +94,12 @@ TEST_F(SettingsExchangeTest, OnlyOurOwnKeysAreTakenUnderWhateverNameTheyHave) {
 }
 
 TEST_F(SettingsExchangeTest, DeletionsReachNoFurtherThanOurKeys) {
-  ASSERT_TRUE(Import(world, Change().old));
+  ASSERT_TRUE(Import(world, OldSettings));
   ASSERT_TRUE(Import(world, header + "[-HKEY_LOCAL_MACHINE\\Software\\KESTRAVON]\n[-HKEY_LOCAL_MACHINE]\n[-" + base +
                                 "\\Missing]\n[" + base + "]\n\"GONE\"=-\n\"Missing\"=-\n"));
   EXPECT_EQ(GetRegistryValue(state, LocalMachine, R"(Software\KESTRAVON\Marrowfell 2002)", "InstallDir", ""), "old");
   EXPECT_FALSE(RegistryValueExists(state, LocalMachine, R"(Software\KESTRAVON\Marrowfell 2002)", "Gone"));
-  WriteText(world.Host(file), header + "[-" + base + "]");
-  ImportCounts counts;
-  ASSERT_TRUE(ImportSettings(state, file, counts));
-  EXPECT_EQ(ImportVerdict(counts), "Settings have been successfully imported: keys 0, values written 0, deletions 1, "
-                                   "other keys skipped 0.");
+  ASSERT_TRUE(Import(world, header + "[-" + base + "]"));
   EXPECT_FALSE(RegistryKeyExists(state, LocalMachine, R"(Software\KESTRAVON\Marrowfell 2002)"));
   EXPECT_TRUE(RegistryKeyExists(state, LocalMachine, R"(Software\KESTRAVON)"));
 }
@@ -131,10 +133,10 @@ TEST_F(SettingsExchangeTest, AnOldFileIsReplacedOnlyByConsentAndByAWholeOne) {
     EXPECT_FALSE(ExportSettings(state, file));
     EXPECT_EQ(world.boxes.TakeTexts(), (Texts{question, "C:\\settings.reg\r\n\r\nDisk full"}));
   }
-  EXPECT_EQ(ContentOf(world.Host(file)), "old");
+  EXPECT_EQ(ContentOf(file), "old");
   world.boxes.answers = {true};
   EXPECT_TRUE(ExportSettings(state, file));
-  EXPECT_NE(ContentOf(world.Host(file)), "old");
+  EXPECT_NE(ContentOf(file), "old");
 }
 
 } // namespace turfdesk

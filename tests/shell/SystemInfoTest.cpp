@@ -3,6 +3,7 @@
 
 #include "shell/SystemInfo.h"
 
+#include "support/Registry.h"
 #include "support/basVorinRegistry.h"
 
 #include "common/TestWorld.h"
@@ -17,35 +18,6 @@ namespace turfdesk {
 namespace {
 
 using namespace std::chrono_literals;
-
-/// A tree of one value, whatever is asked for.
-class OneValue final : public RegistryFunctions {
-public:
-  std::int32_t RegCreateKeyExA(RegistryRoot, std::string_view, RegistryHandle &) override { return RegAccessDenied; }
-  std::int32_t RegOpenKeyExA(RegistryRoot, std::string_view, RegistryHandle &key) override {
-    key = openCode == RegSuccess ? 7 : 0;
-    return openCode;
-  }
-  std::int32_t RegQueryValueExA(RegistryHandle, std::string_view, std::uint32_t &foundType,
-                                std::string &foundData) override {
-    foundType = type;
-    foundData = data;
-    return queryCode;
-  }
-  std::int32_t RegSetValueExA(RegistryHandle, std::string_view, std::uint32_t, std::string_view) override {
-    return RegAccessDenied;
-  }
-  std::int32_t RegCloseKey(RegistryHandle key) override {
-    closed.push_back(key);
-    return RegSuccess;
-  }
-
-  std::int32_t openCode = RegSuccess;
-  std::int32_t queryCode = RegSuccess;
-  std::uint32_t type = RegSz;
-  std::string data;
-  std::vector<RegistryHandle> closed;
-};
 
 class SystemInfoTest : public testing::Test {
 protected:
@@ -66,9 +38,6 @@ protected:
   }
   void ExpectUnavailable() {
     StartSysInfo(state);
-    ASSERT_EQ(world.boxes.shown.size(), 1U);
-    EXPECT_EQ(world.boxes.shown[0].title, "TurfDesk");
-    EXPECT_EQ(world.boxes.shown[0].icon, BoxIcon::None);
     EXPECT_EQ(world.boxes.TakeTexts(), std::vector<std::string>{"System Information Is Unavailable At This Time"});
   }
 
@@ -78,46 +47,35 @@ protected:
 
 } // namespace
 
-TEST(GetKeyValueTest, MakesATextOfTheValue) {
-  using namespace std::string_literals;
+TEST_F(SystemInfoTest, AValueBecomesATextThatBeginsWithWhatStoodThere) {
+  RegistryFunctions &tree = world.platform->DirectRegistry();
+  const std::string key = R"(Software\Turf Desk Tests)";
+  RegistryHandle handle = 0;
+  ASSERT_EQ(tree.RegCreateKeyExA(RegistryRoot::LocalMachine, key, handle), RegSuccess);
+  const std::string longest(1023, 'x');
   const struct {
     std::uint32_t type;
-    std::string data;
+    std::string value;
     std::string text;
   } cases[] = {
-      {RegSz, "C:\\Tool.exe\0"s, "C:\\Tool.exe"},
-      {RegSz, "no terminator", "no terminator"},
-      {RegSz, "only one goes\0\0"s, "only one goes\0"s},
-      {RegSz, "", ""},
-      {RegSz, std::string(1023, 'x') + '\0', std::string(1023, 'x')},
-      {RegDword, "\x04\x03\x02\x01", "&hbefore1234"},
-      {RegDword, "\x05\0\0\0"s, "&hbefore005"},
-      {RegDword, "\xCD\xAB\0\xFF"s, "&hbeforeFF0ABCD"},
-      {3, "bytes", "before"},
+      {RegSz, R"(C:\Tool.exe)", R"(C:\Tool.exe)"},
+      {RegSz, longest, longest},
+      {RegSz, longest + 'x', ""},
+      {RegDword, "16909060", "&hbefore1234"},
+      {RegDword, "5", "&hbefore005"},
+      {RegDword, "-16733235", "&hbeforeFF0ABCD"},
   };
-  for (const auto &[type, data, text] : cases) {
-    OneValue tree;
-    tree.type = type;
-    tree.data = data;
-    std::string value = "before";
-    EXPECT_TRUE(GetKeyValue(tree, RegistryRoot::LocalMachine, "key", "value", value));
-    EXPECT_EQ(value, text);
-    EXPECT_EQ(tree.closed, std::vector<RegistryHandle>{7});
+  for (const auto &[type, value, text] : cases) {
+    ASSERT_EQ(SetValueEx(state, handle, "Value", type, value), RegSuccess);
+    std::string read = "before";
+    EXPECT_EQ(GetKeyValue(tree, RegistryRoot::LocalMachine, key, "Value", read), !text.empty());
+    EXPECT_EQ(read, text);
   }
-}
-
-TEST(GetKeyValueTest, WhatCannotBeReadIsEmptyAndTheKeyIsClosed) {
-  OneValue closedTree;
-  closedTree.openCode = RegFileNotFound;
-  OneValue withoutValue;
-  withoutValue.queryCode = RegFileNotFound;
-  OneValue tooLong;
-  tooLong.data.assign(1025, 'x');
-  for (OneValue *tree : {&closedTree, &withoutValue, &tooLong}) {
-    std::string value = "before";
-    EXPECT_FALSE(GetKeyValue(*tree, RegistryRoot::LocalMachine, "key", "value", value));
-    EXPECT_EQ(value, "");
-    EXPECT_EQ(tree->closed.size(), 1U);
+  tree.RegCloseKey(handle);
+  for (const std::string &path : {key, key + R"(\missing)"}) {
+    std::string read = "before";
+    EXPECT_FALSE(GetKeyValue(tree, RegistryRoot::LocalMachine, path, "Missing", read));
+    EXPECT_EQ(read, "");
   }
 }
 
@@ -139,10 +97,8 @@ TEST_F(SystemInfoTest, WithoutAToolThereIsAMessage) {
   ExpectUnavailable();
   PutTool(R"(C:\Shared\MSINFO32.EXE)");
   // The first path counts, although nothing is there that could be started.
-  for (const char *path : {R"(C:\Named\info.exe)", ""}) {
-    Name(R"(Shared Tools\MSINFO)", "PATH", path);
-    ExpectUnavailable();
-  }
+  Name(R"(Shared Tools\MSINFO)", "PATH", R"(C:\Named\info.exe)");
+  ExpectUnavailable();
   EXPECT_FALSE(HasNote(R"(C:\Shared\MSINFO32.EXE)"));
 }
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 Turf Desk contributors
 
-#include "support/StringTable.h"
 #include "support/basVorinString.h"
 
 #include <gtest/gtest.h>
@@ -33,60 +32,22 @@ TEST(StringHelpersTest, FormatKBSeparatesAsTheLocaleDoes) {
 }
 
 TEST(StringHelpersTest, ParseList) {
-  struct Case {
-    const char *source;
-    const char *delimiters;
-    StringList items;
-  };
-  const Case cases[] = {{"", ",", {}},
-                        {"   ", ",", {""}},
-                        {"a", ",", {"a"}},
-                        {"a,,b", ",", {"a", "", "b"}},
-                        {"a,", ",", {"a", ""}},
-                        {",a", ",", {"", "a"}},
-                        {R"("a,b",c)", ",", {"a,b", "c"}},
-                        {R"(x"a,b",c)", ",", {R"(x"a,b")", "c"}},
-                        {"two  words", " ", {"two", "words"}},
-                        {"a, b", ", ", {"a", "b"}},
-                        {"a ,b", ", ", {"a", "", "b"}}};
-  for (const Case &c : cases)
-    EXPECT_EQ(ParseList(c.source, c.delimiters), c.items) << c.source;
+  const std::tuple<const char *, const char *, StringList> cases[] = {{"", ",", {}},
+                                                                      {"   ", ",", {""}},
+                                                                      {"a", ",", {"a"}},
+                                                                      {"a,,b", ",", {"a", "", "b"}},
+                                                                      {"a,", ",", {"a", ""}},
+                                                                      {",a", ",", {"", "a"}},
+                                                                      {R"("a,b",c)", ",", {"a,b", "c"}},
+                                                                      {R"(x"a,b",c)", ",", {R"(x"a,b")", "c"}},
+                                                                      {"two  words", " ", {"two", "words"}},
+                                                                      {"a, b", ", ", {"a", "b"}},
+                                                                      {"a ,b", ", ", {"a", "", "b"}}};
+  for (const auto &[source, delimiters, items] : cases)
+    EXPECT_EQ(ParseList(source, delimiters), items) << source;
   EXPECT_EQ(ParseList(R"("a,b")", ",", false, false), (StringList{R"("a)", R"(b")"}));
 }
 
-TEST(StringHelpersTest, Quotes) {
-  const std::pair<const char *, const char *> added[] = {{"", R"("")"},       {"a", R"("a")"},      {R"("a)", R"("a")"},
-                                                         {R"(a")", R"("a")"}, {R"("a")", R"("a")"}, {R"(")", R"(")"}};
-  for (const auto &[text, quoted] : added)
-    EXPECT_EQ(AddQuotes(text), quoted);
-  const std::pair<const char *, const char *> stripped[] = {
-      {"", ""}, {R"(")", ""}, {R"("")", ""}, {R"("a b")", "a b"}, {R"("a)", R"("a)"}, {R"("a" )", R"("a" )"}};
-  for (const auto &[text, bare] : stripped)
-    EXPECT_EQ(StripQuotes(text), bare);
-}
-
-TEST(StringHelpersTest, SmallOnes) {
-  EXPECT_EQ(Newlines(2), "\r\n\r\n");
-  EXPECT_EQ(Newlines(-1), "");
-  EXPECT_EQ(AddBackslash(""), "");
-  EXPECT_EQ(AddBackslash(R"(C:\)"), R"(C:\)");
-  EXPECT_EQ(AddBackslash(R"(C:\a)"), R"(C:\a\)");
-  EXPECT_EQ(PadHexByte("") + PadHexByte("A") + PadHexByte("1F"), "000A1F");
-  const StringList onlyEmpty = {""};
-  EXPECT_TRUE(ArrayContains("", onlyEmpty));
-  EXPECT_FALSE(ArrayContains("a", onlyEmpty));
-  EXPECT_TRUE(ArrayContains("{ab}", StringList{"{x}", "{AB}"}));
-  EXPECT_FALSE(ArrayContains("", {}));
-}
-
-TEST(StringTableTest, FindsEveryEndOfTheTable) {
-  EXPECT_EQ(LoadResString(StringId::CourseAloneUsesLibrary),
-            "This course uses the following library which is not being used by any other course.");
-  EXPECT_EQ(LoadResString(StringId::Title), "Turf Desk");
-  EXPECT_EQ(LoadResString(StringId::LibraryMissingContinueCompressing),
-            "Library files does not exist. Do you wish to continue compressing without this library?");
-  EXPECT_NE(LoadResString(StringId::ServicesUnregistered).find("unregistered.\\nTurf"), std::string::npos);
-  EXPECT_ANY_THROW(LoadResString(static_cast<StringId>(143)));
-}
+TEST(StringHelpersTest, PadHexByte) { EXPECT_EQ(PadHexByte("") + PadHexByte("A") + PadHexByte("1F"), "000A1F"); }
 
 } // namespace turfdesk

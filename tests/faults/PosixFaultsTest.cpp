@@ -1,77 +1,47 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 Turf Desk contributors
 
-#include "Aftermath.h"
+#include "NothingLostTest.h"
 
-#include "common/InjectedFault.h"
 #include "install/RunInstall.h"
 #include "manage/Move.h"
 #include "support/basVorinFile.h"
-
-#include <gtest/gtest.h>
 
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
-#include <chrono>
 #include <csignal>
-#include <functional>
 
 namespace turfdesk {
 
 namespace {
 
-bool AgreeToEverything(const MessageBox &) { return true; }
-
-/// Starts work in a process of its own.
-pid_t Start(const std::function<void()> &work) {
-  const pid_t process = fork();
-  if (process == 0) {
-    work();
-    _exit(0);
-  }
-  return process;
-}
-
-enum class End { Killed, Done };
-
-End WaitFor(pid_t process) {
-  int status = 0;
-  waitpid(process, &status, 0);
-  const bool killed = WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL;
-  EXPECT_TRUE(killed || (WIFEXITED(status) && WEXITSTATUS(status) == 0)) << status;
-  return killed ? End::Killed : End::Done;
-}
-
 /// Commands whose process is killed on the way, and what is found afterwards.
 class KillTest : public testing::TestWithParam<Command> {
 protected:
-  KillTest() {
-    const test::GolfHome home;
-    mPictures.before = Look(home.Path());
-    test::GolfProgram program(home.Path());
-    program.boxes.decide = AgreeToEverything;
-    EXPECT_TRUE(GetParam().run(program));
-    mPictures.now = mPictures.done = Look(home.Path());
-  }
-
   void KillAtEachCall(bool unnamedFiles) {
     const std::vector<std::string> calls = {
         "copy_file_range", "fallocate", "fdatasync", "fsync",           "ftruncate", "linkat",   "open", "openat",
         "openat unnamed",  "pwrite",    "renameat",  "sync_file_range", "unlink",    "unlinkat", "write"};
     int killed = 0;
-    for (End end = End::Killed; end == End::Killed && !HasFailure(); ++killed) {
+    for (bool isDone = false; !isDone && !HasFailure(); ++killed) {
       SCOPED_TRACE("at call " + std::to_string(killed + 1));
       const test::GolfHome home;
-      end = WaitFor(Start([&] {
+      const pid_t process = fork();
+      if (process == 0) {
         test::GolfProgram program(home.Path());
         program.boxes.decide = AgreeToEverything;
         const InjectedFault simpleDisk(unnamedFiles ? "" : "openat unnamed", EOPNOTSUPP);
         const InjectedFault death({calls, Fault::Kill, killed + 1});
         GetParam().run(program);
-      }));
+        _exit(0);
+      }
+      int status = 0;
+      waitpid(process, &status, 0);
+      isDone = WIFEXITED(status);
+      EXPECT_EQ(status, isDone ? 0 : SIGKILL);
       Examine(home.Path());
     }
     EXPECT_GT(killed, 10);
@@ -126,7 +96,7 @@ private:
     EXPECT_NE(moved, isMissing) << program.window.route.caption;
   }
 
-  Pictures mPictures;
+  Pictures mPictures = LookBeforeAndAfter(GetParam());
 };
 
 TEST_P(KillTest, AtEachCallOfTheSystem) { KillAtEachCall(true); }
@@ -141,39 +111,15 @@ TEST_P(KillOnSimpleDiskTest, AtEachCallOfTheSystem) { KillAtEachCall(false); }
 INSTANTIATE_TEST_SUITE_P(Commands, KillOnSimpleDiskTest, testing::ValuesIn(BroadestCommands()),
                          [](const auto &test) { return test.param.name; });
 
-/// The real program, at moments of its run.
-class TurfctlKillTest : public KillTest {
-protected:
-  static pid_t StartTurfctl(const test::GolfHome &home) {
-    return Start([&home] {
-      const std::string command =
-          "exec " TURFCTL " --yes --home '" + home.Path().string() + "' " + GetParam().arguments + " >/dev/null 2>&1";
-      setenv("TMPDIR", (home.Drive() / "Temp").c_str(), 1);
-      execl("/bin/sh", "sh", "-c", command.c_str(), nullptr);
-      _exit(1);
-    });
-  }
-};
+/// On a disk that cannot hold files without a name.
+class NothingLostOnSimpleDiskTest : public NothingLostTest {};
 
-TEST_P(TurfctlKillTest, AfterEverLongerTimes) {
-  std::chrono::microseconds delay{0};
-  int killed = 0;
-  for (int finishedInARow = 0; finishedInARow < 10 && !HasFailure();) {
-    delay += std::max(std::chrono::microseconds(250), delay / 20);
-    SCOPED_TRACE("after " + std::to_string(delay.count()) + " microseconds");
-    const test::GolfHome home;
-    const pid_t process = StartTurfctl(home);
-    usleep(static_cast<useconds_t>(delay.count()));
-    kill(process, SIGKILL);
-    const bool finished = WaitFor(process) == End::Done;
-    finishedInARow = finished ? finishedInARow + 1 : 0;
-    killed += finished ? 0 : 1;
-    Examine(home.Path());
-  }
-  EXPECT_GT(killed, 3);
+TEST_P(NothingLostOnSimpleDiskTest, WhateverCallOfTheSystemFails) {
+  mDisk = {{"openat unnamed"}, EOPNOTSUPP};
+  RunThroughAll();
 }
 
-INSTANTIATE_TEST_SUITE_P(Commands, TurfctlKillTest, testing::ValuesIn(BroadestCommands()),
+INSTANTIATE_TEST_SUITE_P(Commands, NothingLostOnSimpleDiskTest, testing::ValuesIn(BroadestCommands()),
                          [](const auto &test) { return test.param.name; });
 
 } // namespace
