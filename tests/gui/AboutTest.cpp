@@ -21,12 +21,10 @@ protected:
   /// Opens the box and acts in it; it must be gone afterwards.
   void About(const std::function<void()> &open, const std::function<void(frmAbout &)> &act) {
     int opened = 0;
-    const test::ModalWatch<frmAbout> watch(
-        [&](frmAbout &about) {
-          ++opened;
-          act(about);
-        },
-        test::IsActive);
+    const test::ModalWatch<frmAbout> watch([&](frmAbout &about) {
+      ++opened;
+      act(about);
+    });
     open();
     EXPECT_EQ(opened, 1);
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);

@@ -11,10 +11,7 @@
 
 namespace turfdesk::test {
 
-/// For windows in which the focus counts: it is not there before the window is the active one.
-inline bool IsActive(const QWidget &window) { return window.isActiveWindow(); }
-
-/// Acts once, on the first modal window of a type that is up and ready while the watch lives. For what blocks until
+/// Acts once, on the first modal window of a type that is active and ready while the watch lives. For what blocks until
 /// somebody does something in the window that it shows.
 template <typename Window> class ModalWatch {
 public:
@@ -23,7 +20,9 @@ public:
       const std::function<bool(Window &)> &ready = [](Window &) { return true; }) {
     mTimer.callOnTimeout([this, act, ready] {
       auto *window = dynamic_cast<Window *>(QApplication::activeModalWidget());
-      if (window == nullptr || !ready(*window))
+      // Before a window is active it has no focus, and keys do not reach it. QWidget::isActiveWindow is true for a
+      // dialog as soon as its parent is active.
+      if (window == nullptr || QApplication::activeWindow() != window || !ready(*window))
         return;
       mTimer.stop();
       act(*window);

@@ -66,12 +66,10 @@ protected:
   }
   static void OpenBy(const std::function<void()> &way, const std::function<void(frmCourseCompress &)> &act) {
     int opened = 0;
-    const test::ModalWatch<frmCourseCompress> watch(
-        [&](frmCourseCompress &dialog) {
-          ++opened;
-          act(dialog);
-        },
-        test::IsActive);
+    const test::ModalWatch<frmCourseCompress> watch([&](frmCourseCompress &dialog) {
+      ++opened;
+      act(dialog);
+    });
     way();
     EXPECT_EQ(opened, 1);
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
@@ -109,13 +107,11 @@ protected:
   /// Answers the dialog about libraries left out.
   static void AnswerUnchecked(QWidget &dialog, const std::function<void(dlgUncheckedLibs &)> &answer) {
     int asked = 0;
-    const test::ModalWatch<dlgUncheckedLibs> watch(
-        [&](dlgUncheckedLibs &question) {
-          ++asked;
-          EXPECT_EQ(question.windowTitle(), "Required Libraries not Included");
-          answer(question);
-        },
-        test::IsActive);
+    const test::ModalWatch<dlgUncheckedLibs> watch([&](dlgUncheckedLibs &question) {
+      ++asked;
+      EXPECT_EQ(question.windowTitle(), "Required Libraries not Included");
+      answer(question);
+    });
     Click(dialog, "btnCompress");
     EXPECT_EQ(asked, 1);
   }

@@ -30,7 +30,7 @@ protected:
   /// Opens the properties of Links by its button, and gives the window to the user.
   void InCourseProperties(const std::function<void(frmCourseProperties &)> &act) {
     ClickRow("lstCourses", 0);
-    const test::ModalWatch<frmCourseProperties> watch(act, test::IsActive);
+    const test::ModalWatch<frmCourseProperties> watch(act);
     Click(window, "btnCourseProperties");
   }
   static void Type(QWidget &dialog, const char *box, const char *text) {
@@ -141,14 +141,12 @@ TEST_F(PropertiesFormsTest, AFileChosenInTheDialogIsSavedAlsoWhenItIsTheSame) {
   SetMedia("Text", "written by somebody else");
   InCourseProperties([this](frmCourseProperties &dialog) {
     {
-      const test::ModalWatch<QFileDialog> cancel(
-          [](QFileDialog &files) {
-            EXPECT_EQ(files.windowTitle(), "Select Picture");
-            EXPECT_TRUE(files.nameFilters().first().startsWith("Pictures (*.bmp; *.tga; *.dds)"));
-            EXPECT_EQ(Find<QLineEdit>(files, "fileNameEdit").text(), "links.bmp");
-            QTest::keyClick(&files, Qt::Key_Escape);
-          },
-          test::IsActive);
+      const test::ModalWatch<QFileDialog> cancel([](QFileDialog &files) {
+        EXPECT_EQ(files.windowTitle(), "Select Picture");
+        EXPECT_TRUE(files.nameFilters().first().startsWith("Pictures (*.bmp; *.tga; *.dds)"));
+        EXPECT_EQ(Find<QLineEdit>(files, "fileNameEdit").text(), "links.bmp");
+        QTest::keyClick(&files, Qt::Key_Escape);
+      });
       Click(dialog, "btnMedia_0");
     }
     dialog.close();
@@ -157,8 +155,7 @@ TEST_F(PropertiesFormsTest, AFileChosenInTheDialogIsSavedAlsoWhenItIsTheSame) {
 
   InCourseProperties([this](frmCourseProperties &dialog) {
     const test::ModalWatch<QFileDialog> accept(
-        [](QFileDialog &files) { QTest::keyClick(&Find<QLineEdit>(files, "fileNameEdit"), Qt::Key_Return); },
-        test::IsActive);
+        [](QFileDialog &files) { QTest::keyClick(&Find<QLineEdit>(files, "fileNameEdit"), Qt::Key_Return); });
     Find<QPushButton>(dialog, "btnMedia_0").setFocus();
     QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
     EXPECT_TRUE(dialog.isVisible()) << "Enter pressed the button that has the focus";
@@ -167,12 +164,10 @@ TEST_F(PropertiesFormsTest, AFileChosenInTheDialogIsSavedAlsoWhenItIsTheSame) {
   EXPECT_EQ(SavedMedia(), Before);
 
   InCourseProperties([this](frmCourseProperties &dialog) {
-    const test::ModalWatch<QFileDialog> choose(
-        [](QFileDialog &files) {
-          Find<QLineEdit>(files, "fileNameEdit").setText("new");
-          QTest::keyClick(&Find<QLineEdit>(files, "fileNameEdit"), Qt::Key_Return);
-        },
-        test::IsActive);
+    const test::ModalWatch<QFileDialog> choose([](QFileDialog &files) {
+      Find<QLineEdit>(files, "fileNameEdit").setText("new");
+      QTest::keyClick(&Find<QLineEdit>(files, "fileNameEdit"), Qt::Key_Return);
+    });
     Click(dialog, "btnMedia_0");
     EXPECT_EQ(Find<PathBox>(dialog, "txtMedia_0").Path(), R"(C:\Media\new.bmp)") << "the row does not come back";
     dialog.close();

@@ -11,6 +11,7 @@
 #include "gui/ModalWatch.h"
 
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPlainTextEdit>
@@ -169,7 +170,12 @@ TEST(QtScreenTest, DoEventsServesInputAndRepaintDoesNot) {
   window.update();
   screen.DoEvents();
   EXPECT_EQ(window.paintings, 2);
-  EXPECT_EQ(window.moves, 1);
+  // A display server may take its time, and a window manager may still be moving the window.
+  for (const QDeadlineTimer deadline(5000); window.moves == 0 && !deadline.hasExpired();) {
+    QCursor::setPos(window.mapToGlobal(QPoint(20 + deadline.remainingTime() % 2, 20)));
+    screen.DoEvents();
+  }
+  EXPECT_GT(window.moves, 0);
 }
 
 TEST(QtScreenTest, HourglassesDoNotPileUp) {

@@ -96,6 +96,8 @@ void EmptyScratchSystem() {
     DeleteBranch(HKEY_LOCAL_MACHINE, key, KEY_WOW64_32KEY);
   for (const wchar_t *key : ClassKeys)
     DeleteBranch(HKEY_CLASSES_ROOT, key, 0);
+  // The current folder of a process cannot be deleted.
+  std::filesystem::current_path(DriveOf({}));
   std::vector<std::filesystem::path> doomed;
   for (const auto &entry : std::filesystem::directory_iterator(DriveOf({})))
     if (!IsOfSystem(entry.path()))
