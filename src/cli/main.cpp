@@ -44,7 +44,9 @@ public:
   CommandLine() {
     mApp.require_subcommand(1);
     mApp.fallthrough();
-    mApp.add_option("--home", options.home, "Folder that holds settings and drives");
+    // Elsewhere whoever named one would change the settings of the system instead.
+    if (HasHomeFolder())
+      mApp.add_option("--home", options.home, "Folder that holds settings and drives");
     mApp.add_flag("--json", options.json, "Answer with one JSON object");
     auto *answers = mApp.add_option_group("answers", "Who answers the questions");
     answers->add_flag("--yes", options.yes, "Answer every question with Yes");

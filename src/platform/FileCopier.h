@@ -28,8 +28,9 @@ public:
   /// case keeps its name.
   ///
   /// Throws RuntimeError: 53 source missing, 76 destination folder missing, 70 source and destination are one file
-  /// (however named), 75 destination read-only or a folder, 61 disk full, 68 or 71 drive missing or not ready,
-  /// 52 a name that no file can have, 57 anything else that the device reports.
+  /// (however named), another program writes to the source or keeps the destination from being replaced, 75 destination
+  /// read-only or a folder, 61 disk full, 68 or 71 drive missing or not ready, 52 a name that no file can have, 57
+  /// anything else that the device reports.
   virtual void Copy(std::string_view source, std::string_view destination, const Report &report) = 0;
 };
 

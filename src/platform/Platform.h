@@ -63,9 +63,12 @@ public:
   virtual std::string ToHostPath(std::string_view windowsPath) = 0;
 };
 
+/// Does the program keep its own files in a home folder? Windows has its own places for all of them.
+bool HasHomeFolder();
+
 /// Makes this system's platform. home, a host path in UTF-8, overrides where the program keeps its own files; empty
 /// takes the usual place. Throws RuntimeError, whose words say which folder is the matter, when that place cannot be
-/// made. Windows has its own place for all that the program keeps; there home means nothing.
+/// made. Where there is no home folder, home means nothing.
 std::unique_ptr<Platform> MakePlatform(std::string_view home);
 
 } // namespace turfdesk

@@ -45,7 +45,10 @@ public:
   /// Opens the key, closing the one that was open. With create it is made, parents included, when absent.
   /// False when it is not open afterwards.
   virtual bool OpenKey(std::string_view keyPath, bool create) = 0;
+  /// 0, with the reason in LastError, for a value that is absent or no number.
   virtual std::int32_t GetLongValue(std::string_view valueName) = 0;
+  /// A number as its decimal text; "", with the reason in LastError, for a value that is absent. Throws RuntimeError
+  /// 13, naming the value, for one of another type: taken for an empty text it would be lost without a word.
   virtual std::string GetStringValue(std::string_view valueName) = 0;
   virtual bool ValueExists(std::string_view valueName) = 0;
   /// Durable when the call returns.

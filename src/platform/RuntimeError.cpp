@@ -13,6 +13,8 @@ const char *ErrorText(ErrorNumber number) {
     return "Out of memory";
   case ErrorNumber::SubscriptOutOfRange:
     return "Subscript out of range";
+  case ErrorNumber::TypeMismatch:
+    return "Type mismatch";
   case ErrorNumber::BadFileName:
     return "Bad file name or number";
   case ErrorNumber::FileNotFound:

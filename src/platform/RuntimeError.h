@@ -13,6 +13,7 @@ enum class ErrorNumber {
   Overflow = 6,
   OutOfMemory = 7,
   SubscriptOutOfRange = 9,
+  TypeMismatch = 13,
   BadFileName = 52,
   FileNotFound = 53,
   DeviceIo = 57,

@@ -26,8 +26,10 @@ public:
   /// The modification time that the file will bear, in seconds since 1970. Without a call it is that of the last write.
   virtual void SetModificationTime(std::int64_t seconds) = 0;
   /// Flushes the data to disk where flush is set, and gives the file its name, replacing what stood there. Also throws
-  /// 75 when a read-only file or a folder stands there. Nothing can be written afterwards. After a failure the name
-  /// bears what it bore before, or, where only the very last flush failed, the whole new file in place of an old one.
+  /// 75 when a read-only file or a folder stands there, 70 when another program has that file open and does not let it
+  /// be replaced, and what Create throws for a folder that has gone. Nothing can be written afterwards. After a failure
+  /// the name bears what it bore before, or, where only the very last flush failed, the whole new file in place of an
+  /// old one.
   virtual void Commit(bool flush) = 0;
 };
 
@@ -41,7 +43,8 @@ public:
 
   /// Begins a file for this destination. With makeFolders, missing folders of the path are made. Throws RuntimeError:
   /// 76 folder missing, 75 folder not writable or the destination is read-only or a folder, 68 or 71 drive missing or
-  /// not ready, 52 a name that no file can have, 61 disk full.
+  /// not ready, 52 a name that no file can have, 61 disk full, 70 another program has the destination open and does not
+  /// let it be replaced.
   virtual std::unique_ptr<StagedFile> Create(std::string_view destination, bool makeFolders) = 0;
   /// Are both paths one file, however they are named (case, link, drive alias)? False where either is missing.
   virtual bool IsSameFile(std::string_view first, std::string_view second) = 0;

@@ -39,7 +39,9 @@ class TurfctlTest : public testing::Test {
 protected:
   /// Blanks part the arguments, unless they stand between apostrophes.
   Outcome Run(const std::string &arguments, const std::string &input = "") const {
-    std::vector<std::string> words = {"--home", samples::Utf8(home.Path())};
+    std::vector<std::string> words;
+    if (HasHomeFolder())
+      words = {"--home", samples::Utf8(home.Path())};
     std::istringstream line(arguments);
     for (std::string word; line >> std::quoted(word, '\'', '\0');)
       words.push_back(word);

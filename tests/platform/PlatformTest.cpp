@@ -35,6 +35,14 @@ Texts PlatformTest::Entries(const std::string &folder) const {
   return names;
 }
 
+void PlatformTest::Run(const std::string &program, const Texts &arguments) const {
+  Processes &programs = mPlatform->Programs();
+  const ProcessHandle handle = programs.OpenProcess(programs.Shell(program, arguments, WindowStyle::Hidden));
+  ASSERT_NE(handle, 0U);
+  programs.WaitForSingleObject(handle, nullptr, nullptr);
+  programs.CloseHandle(handle);
+}
+
 void Write(StagedFile &file, std::string_view text) {
   file.Write({reinterpret_cast<const std::uint8_t *>(text.data()), text.size()});
 }

@@ -35,6 +35,8 @@ protected:
   std::string Content(const std::string &path) const;
   /// What is in a folder, hidden names included and those of the system's own excluded, sorted.
   Texts Entries(const std::string &folder) const;
+  /// Starts a program and waits for its end.
+  void Run(const std::string &program, const Texts &arguments) const;
 
   /// The key that tests of the settings tree may use. It is not there at first.
   static constexpr const char *Key = R"(Software\Turf Desk Tests)";

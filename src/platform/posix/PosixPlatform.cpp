@@ -94,6 +94,8 @@ private:
 
 } // namespace
 
+bool HasHomeFolder() { return true; }
+
 std::unique_ptr<Platform> MakePlatform(std::string_view home) {
   const std::string folder = HomeFolder(home);
   MakeHome(folder);

@@ -18,7 +18,7 @@ namespace turfdesk {
 /// The settings tree over a SettingsStore. LastError is 0 or the number of a RuntimeError.
 ///
 /// A key that another program deletes while it is open here answers like a key without subkeys and values; writing to
-/// it fails. GetStringValue gives a number as its decimal text; GetLongValue gives 0 for a text.
+/// it fails.
 class PosixRegistryService final : public RegistryService {
 public:
   explicit PosixRegistryService(std::shared_ptr<SettingsStore> store) : mStore(std::move(store)) {}

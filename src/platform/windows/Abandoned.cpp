@@ -57,7 +57,7 @@ std::wstring FreshName(const TemporaryNames &names) {
 }
 
 void RemoveWithContents(const std::wstring &folder) {
-  ForEachEntry(folder, [&folder](const FolderEntry &entry) { RemoveEntry(folder + L"\\" + entry.name, entry); });
+  ForEachEntry(folder, [&folder](const FolderEntry &entry) { RemoveEntry(EntryPath(folder, entry.name), entry); });
   RemoveDirectoryW(folder.c_str());
 }
 
@@ -66,7 +66,7 @@ void RemoveAbandoned(const std::wstring &folder, const TemporaryNames &names, Te
     const bool isOfKind = IsFolder(entry) == (kind == TemporaryKind::Folders) && !IsLink(entry);
     if (!isOfKind || !names.Include(ToUtf8(entry.name)) || entry.modified + AbandonedAfterTicks > Now())
       return;
-    const std::wstring path = folder + L"\\" + entry.name;
+    const std::wstring path = EntryPath(folder, entry.name);
     if (!IsInUse(path))
       RemoveEntry(path, entry);
   });

@@ -39,7 +39,7 @@ std::uint32_t WhyEmpty(std::uint32_t error, const std::wstring &folder) {
 }
 
 Search FindFirstIn(const std::wstring &folder, WIN32_FIND_DATAW &found) {
-  return FindFirst(folder + (folder.ends_with(L'\\') ? L"*" : L"\\*"), found);
+  return FindFirst(EntryPath(folder, L"*"), found);
 }
 
 } // namespace
@@ -66,6 +66,10 @@ std::uint32_t ForEachEntry(const std::wstring &folder, const std::function<void(
 std::wstring NameOnDisk(const std::wstring &systemPath) {
   WIN32_FIND_DATAW found;
   return FindFirst(systemPath, found) ? found.cFileName : L"";
+}
+
+std::wstring EntryPath(const std::wstring &folder, const std::wstring &name) {
+  return folder + (folder.ends_with(L'\\') ? L"" : L"\\") + name;
 }
 
 } // namespace turfdesk

@@ -27,4 +27,8 @@ std::uint32_t CheckReadable(const std::wstring &folder);
 /// The name as the disk has it of what a system path leads to; of a root, or where there is nothing, "".
 std::wstring NameOnDisk(const std::wstring &systemPath);
 
+/// The path of an entry of a folder, which may be a root: that ends in a separator already, and the system does not
+/// take two in a system path.
+std::wstring EntryPath(const std::wstring &folder, const std::wstring &name);
+
 } // namespace turfdesk

@@ -7,8 +7,6 @@
 
 #include <windows.h>
 
-#include <ranges>
-
 namespace turfdesk {
 
 NewFolders::~NewFolders() {
@@ -21,7 +19,8 @@ std::uint32_t NewFolders::Make(const std::wstring &folder) {
   for (std::wstring path = folder; GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES && !IsRoot(path);
        path.resize(path.rfind(L'\\')))
     missing.push_back(path);
-  for (const std::wstring &path : missing | std::views::reverse) {
+  for (; !missing.empty(); missing.pop_back()) {
+    const std::wstring &path = missing.back();
     if (CreateDirectoryW(path.c_str(), nullptr) != 0)
       mFolders.push_back(path);
     else if (const DWORD error = GetLastError(); error != ERROR_ALREADY_EXISTS)

@@ -10,8 +10,6 @@ namespace turfdesk {
 
 namespace {
 
-bool IsGone(std::uint32_t error) { return error == RegistryNotFound || error == RegistryKeyDeleted; }
-
 void Require(std::uint32_t error, RegistryRoot root, const std::wstring &path) {
   if (error != RegistrySuccess)
     ThrowRegistryError(error, root, ToUtf8(path));

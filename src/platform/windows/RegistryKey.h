@@ -22,6 +22,9 @@ inline constexpr std::uint32_t RegistryBadPath = 161;
 /// Another program has deleted the key while it was open here.
 inline constexpr std::uint32_t RegistryKeyDeleted = 1018;
 
+/// Is there no such key or value, or no longer?
+constexpr bool IsGone(std::uint32_t error) { return error == RegistryNotFound || error == RegistryKeyDeleted; }
+
 /// What a key is opened for. Rights that are not needed are not asked for, because a user may lack them.
 enum class KeyAccess {
   /// Its values and subkeys.

@@ -24,6 +24,7 @@ constexpr DWORD VirusInfected = 225;
 constexpr DWORD FileSystemLimitation = 665;
 constexpr DWORD ElevationRequired = 740;
 constexpr DWORD DiskQuotaExceeded = 1295;
+constexpr DWORD DriveIsLocked = 0x80310000;
 
 constexpr Meaning Meanings[] = {
     {ERROR_FILE_NOT_FOUND, ErrorNumber::FileNotFound},
@@ -48,6 +49,15 @@ constexpr Meaning Meanings[] = {
     {ERROR_EXE_MACHINE_TYPE_MISMATCH, ErrorNumber::PathFileAccess},
     {ERROR_SXS_CANT_GEN_ACTCTX, ErrorNumber::PathFileAccess},
     {ERROR_NO_ASSOCIATION, ErrorNumber::PathFileAccess},
+    {DriveIsLocked, ErrorNumber::PathFileAccess},
+    // A share on the network that lets this user not in.
+    {ERROR_INVALID_PASSWORD, ErrorNumber::PathFileAccess},
+    {ERROR_SESSION_CREDENTIAL_CONFLICT, ErrorNumber::PathFileAccess},
+    {ERROR_LOGON_FAILURE, ErrorNumber::PathFileAccess},
+    {ERROR_ACCOUNT_RESTRICTION, ErrorNumber::PathFileAccess},
+    {ERROR_PASSWORD_EXPIRED, ErrorNumber::PathFileAccess},
+    {ERROR_ACCOUNT_DISABLED, ErrorNumber::PathFileAccess},
+    {ERROR_ACCOUNT_LOCKED_OUT, ErrorNumber::PathFileAccess},
     {ERROR_SHARING_VIOLATION, ErrorNumber::PermissionDenied},
     {ERROR_LOCK_VIOLATION, ErrorNumber::PermissionDenied},
     {ERROR_USER_MAPPED_FILE, ErrorNumber::PermissionDenied},
@@ -68,6 +78,11 @@ constexpr Meaning Meanings[] = {
     {ERROR_NO_NET_OR_BAD_PATH, ErrorNumber::DeviceUnavailable},
     {ERROR_DEVICE_NOT_CONNECTED, ErrorNumber::DeviceUnavailable},
     {ERROR_NETWORK_UNREACHABLE, ErrorNumber::DeviceUnavailable},
+    {ERROR_REM_NOT_LIST, ErrorNumber::DeviceUnavailable},
+    {ERROR_NETWORK_BUSY, ErrorNumber::DeviceUnavailable},
+    {ERROR_SEM_TIMEOUT, ErrorNumber::DeviceUnavailable},
+    {ERROR_CONNECTION_UNAVAIL, ErrorNumber::DeviceUnavailable},
+    {ERROR_NO_NETWORK, ErrorNumber::DeviceUnavailable},
     {ERROR_HOST_UNREACHABLE, ErrorNumber::DeviceUnavailable},
     {ERROR_NOT_READY, ErrorNumber::DiskNotReady},
     {ERROR_WRONG_DISK, ErrorNumber::DiskNotReady},

@@ -4,6 +4,7 @@
 #include "platform/windows/TempFolder.h"
 
 #include "platform/windows/Abandoned.h"
+#include "platform/windows/FolderEntries.h"
 #include "platform/windows/SystemHandle.h"
 
 #include <windows.h>
@@ -44,7 +45,7 @@ std::wstring MakeTempFolder(const std::wstring &parent) {
   static FoldersToRemove foldersToRemove;
   RemoveAbandoned(parent, TempFolderNames, TemporaryKind::Folders);
   for (;;) {
-    std::wstring path = parent + L"\\" + FreshName(TempFolderNames);
+    std::wstring path = EntryPath(parent, FreshName(TempFolderNames));
     if (CreateDirectoryW(path.c_str(), nullptr) != 0) {
       foldersToRemove.Add(path);
       return path;

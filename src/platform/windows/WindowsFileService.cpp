@@ -24,6 +24,9 @@ namespace turfdesk {
 
 namespace {
 
+/// In characters, with the terminating NUL.
+constexpr std::size_t LongestSystemPath = 32768;
+
 std::uint32_t Delete(std::string_view path) {
   std::wstring systemPath;
   if (const std::uint32_t error = ToSystemPath(path, systemPath); error != 0)
@@ -72,12 +75,26 @@ std::uint32_t OpenFileOfDesktop(std::string_view path) {
   return HandToDesktop(PlainPath(systemPath));
 }
 
-std::wstring SystemTempFolder() {
-  wchar_t path[MAX_PATH + 1];
-  const DWORD length = GetTempPathW(MAX_PATH + 1, path);
-  std::wstring systemPath;
-  ToSystemPath(ToUtf8({path, length}), systemPath);
-  return systemPath;
+/// What an environment variable names, or "".
+std::wstring Variable(const wchar_t *name) {
+  std::wstring text(LongestSystemPath, L'\0');
+  const DWORD length = GetEnvironmentVariableW(name, text.data(), static_cast<DWORD>(text.size()));
+  text.resize(length < text.size() ? length : 0);
+  return text;
+}
+
+/// Below the first folder for temporary files that can be used; "" when there is none. A variable may name a folder
+/// that is gone, or a path that is too long for some of the system's functions.
+std::wstring NewTempFolder() {
+  for (const std::wstring &parent : {Variable(L"TMP"), Variable(L"TEMP"), Variable(L"LOCALAPPDATA") + L"\\Temp",
+                                     Variable(L"SystemRoot") + L"\\Temp"}) {
+    std::wstring systemPath;
+    if (ToSystemPath(ToUtf8(parent), systemPath) != 0)
+      continue;
+    if (std::wstring folder = MakeTempFolder(systemPath); !folder.empty())
+      return folder;
+  }
+  return L"";
 }
 
 } // namespace
@@ -118,7 +135,7 @@ bool WindowsFileService::IsValidFilename(std::string_view text) {
 std::string WindowsFileService::GetTempFolder() {
   // It may be gone: systems sweep their temporary files.
   if (mTempFolder.empty() || !DirExists(mTempFolder))
-    mTempFolder = ToUtf8(PlainPath(MakeTempFolder(SystemTempFolder())));
+    mTempFolder = ToUtf8(PlainPath(NewTempFolder()));
   if (!Record(mTempFolder.empty() ? ERROR_ACCESS_DENIED : 0))
     ThrowSystemError(ERROR_ACCESS_DENIED);
   return mTempFolder;

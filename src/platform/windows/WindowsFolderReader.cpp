@@ -71,8 +71,7 @@ std::wstring WithNamesOnDisk(const std::wstring &systemPath) {
   // A folder whose own folder may not be listed has the name that was given.
   if (name.empty())
     name = systemPath.substr(separator + 1);
-  const std::wstring folder = WithNamesOnDisk(systemPath.substr(0, separator));
-  return folder + (folder.ends_with(L'\\') ? L"" : L"\\") + name;
+  return EntryPath(WithNamesOnDisk(systemPath.substr(0, separator)), name);
 }
 
 /// Gives 0 and the folder's canonical path, or the system's number of what keeps it from being read.

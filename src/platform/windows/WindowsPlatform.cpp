@@ -82,6 +82,8 @@ private:
 
 } // namespace
 
+bool HasHomeFolder() { return false; }
+
 std::unique_ptr<Platform> MakePlatform(std::string_view /*home*/) { return std::make_unique<WindowsPlatform>(); }
 
 } // namespace turfdesk

@@ -151,7 +151,7 @@ bool WindowsRegistryService::ValueExists(std::string_view valueName) {
 std::int32_t WindowsRegistryService::GetLongValue(std::string_view valueName) {
   RawValue value;
   if (!Read(valueName, value)) {
-    Fail(RegistryNotFound, mOpenPath);
+    Fail(ErrorNumber::FileNotFound, RegistryWords(RegistryNotFound, mOpenRoot, mOpenPath));
     return 0;
   }
   if (value.type == RegDword)
@@ -163,7 +163,7 @@ std::int32_t WindowsRegistryService::GetLongValue(std::string_view valueName) {
 std::string WindowsRegistryService::GetStringValue(std::string_view valueName) {
   RawValue value;
   if (!Read(valueName, value)) {
-    Fail(RegistryNotFound, mOpenPath);
+    Fail(ErrorNumber::FileNotFound, RegistryWords(RegistryNotFound, mOpenRoot, mOpenPath));
     return "";
   }
   if (value.type == RegSz)
@@ -172,8 +172,9 @@ std::string WindowsRegistryService::GetStringValue(std::string_view valueName) {
     return ExpandedTextOf(value);
   if (value.type == RegDword)
     return std::to_string(NumberOf(value));
-  Fail(ErrorNumber::FileNotFound, "The settings value is no text");
-  return "";
+  throw RuntimeError(ErrorNumber::TypeMismatch, "The settings value is no text\r\n\r\n" +
+                                                    std::string(NameOfRoot(mOpenRoot)) + '\\' + mOpenPath + '\\' +
+                                                    std::string(valueName));
 }
 
 void WindowsRegistryService::SetLongValue(std::string_view valueName, std::int32_t value) {
@@ -201,7 +202,9 @@ void WindowsRegistryService::Write(std::string_view valueName, std::uint32_t typ
 
 bool WindowsRegistryService::Fail(std::uint32_t error, std::string_view keyPath) {
   const RegistryRoot root = mKey.IsOpen() ? mOpenRoot : mRoot.value_or(RegistryRoot::LocalMachine);
-  return Fail(NumberOfSystemError(error), RegistryWords(error, root, keyPath));
+  // The system's number for an absent key is that of an absent file.
+  return Fail(IsGone(error) ? ErrorNumber::PathNotFound : NumberOfSystemError(error),
+              RegistryWords(error, root, keyPath));
 }
 
 bool WindowsRegistryService::Fail(ErrorNumber number, std::string_view words) {

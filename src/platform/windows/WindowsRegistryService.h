@@ -18,8 +18,7 @@ namespace turfdesk {
 ///
 /// A key is opened for reading alone, so that a user who may not write can see what is installed; rights to write are
 /// asked for by the first write. A key that another program deletes while it is open here answers like a key without
-/// subkeys and values; writing to it fails. GetStringValue gives a number as its decimal text and puts the environment
-/// into a text that is made for that; GetLongValue gives 0 for a text.
+/// subkeys and values; writing to it fails. GetStringValue puts the environment into a text that is made for that.
 class WindowsRegistryService final : public RegistryService {
 public:
   /// Throws RuntimeError when the settings of this machine cannot be read at all.

@@ -13,14 +13,6 @@ namespace {
 
 class ProcessesTest : public PlatformTest {
 protected:
-  /// Starts a program and waits for its end.
-  void Run(const std::string &program, const Texts &arguments) {
-    const ProcessHandle handle = mPrograms.OpenProcess(mPrograms.Shell(program, arguments, WindowStyle::Hidden));
-    ASSERT_NE(handle, 0U);
-    mPrograms.WaitForSingleObject(handle, nullptr, nullptr);
-    mPrograms.CloseHandle(handle);
-  }
-
   std::string HostText(const std::string &path) const { return samples::Utf8(Host(path)); }
 
   Processes &mPrograms = mPlatform->Programs();

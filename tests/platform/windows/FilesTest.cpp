@@ -39,6 +39,23 @@ private:
   const std::wstring mKey = LR"(Software\Classes\turfdesktest)";
 };
 
+/// What an environment variable says while the object lives. Started programs get it, too.
+class Variable {
+public:
+  Variable(const wchar_t *name, const std::string &text) : mName(name) {
+    const wchar_t *before = _wgetenv(name);
+    mBefore = before == nullptr ? L"" : before;
+    SetEnvironmentVariableW(name, ToWide(text).c_str());
+  }
+  Variable(const Variable &) = delete;
+  Variable &operator=(const Variable &) = delete;
+  ~Variable() { SetEnvironmentVariableW(mName, mBefore.c_str()); }
+
+private:
+  const wchar_t *mName;
+  std::wstring mBefore;
+};
+
 class WindowsFilesTest : public PlatformTest {
 protected:
   int Copy(const std::string &from, const std::string &to, const FileCopier::Report &report = {}) {
@@ -165,6 +182,30 @@ TEST_F(WindowsFilesTest, AddressesAndDocumentsAreHandedToTheDesktop) {
   mService->OpenDocument("turfdesktest://host/a?b=c");
   ASSERT_EQ(mService->LastError(), 0) << mService->LastErrorText();
   AwaitContent(R"(C:\seen)", "turfdesktest://host/a?b=c\n");
+}
+
+TEST_F(WindowsFilesTest, TheTempFolderLiesWhereThereIsAPlaceForOne) {
+  std::string tooLongForSome = "C:\\Temp";
+  while (tooLongForSome.size() < 300)
+    tooLongForSome += "\\a folder for temporary files";
+  Put(tooLongForSome + "\\x");
+  const Variable local(L"LOCALAPPDATA", "Q:\\");
+  const struct {
+    std::string tmp;
+    std::string temp;
+    std::string parent;
+  } cases[] = {
+      {"C:\\", "", "C:\\"},
+      {tooLongForSome, "", tooLongForSome},
+      {"C:\\Missing", "C:\\Temp", "C:\\Temp"},
+      {"Q:\\", "", ToUtf8(_wgetenv(L"SystemRoot")) + "\\Temp"},
+  };
+  for (const auto &each : cases) {
+    const Variable tmp(L"TMP", each.tmp);
+    const Variable temp(L"TEMP", each.temp);
+    Run(mProgram, {"temp", "", "C:\\made", "C:\\Temp"});
+    EXPECT_EQ(FileService::GetPathPart(Content("C:\\made")), each.parent);
+  }
 }
 
 TEST_F(WindowsFilesTest, PathsOfTheNetworkAndOfUsersAreUnderstood) {
