@@ -39,8 +39,9 @@ void SetSize(Row &row, double bytes) {
 } // namespace
 
 void FillCourseRow(SharedState &state, std::string_view courseKey, Row &row) {
-  const std::string filename = GetCourseFilename(state, courseKey);
+  // First of all: a command on a row without it would mean all courses.
   row.SetTag(courseKey);
+  const std::string filename = GetCourseFilename(state, courseKey);
   row.SetSubItems(column::Filename, filename);
   // The list of a large catalogue spends its time here: one opening of the file serves its size and its libraries.
   CourseFile course(state);
@@ -54,8 +55,8 @@ void FillCourseRow(SharedState &state, std::string_view courseKey, Row &row) {
 }
 
 void FillLibraryRow(SharedState &state, std::string_view libraryKey, Row &row) {
-  const std::string filename = GetLibraryFilename(state, libraryKey);
   row.SetTag(libraryKey);
+  const std::string filename = GetLibraryFilename(state, libraryKey);
   row.SetSubItems(column::Filename, filename);
   SetSize(row, GetFileSize(state, filename));
 }

@@ -72,4 +72,23 @@ TEST_F(CatalogueTest, RowsAreSortedAndFilledAlsoWhereFilesOrValuesAreMissing) {
   EXPECT_EQ(courses.At(4).SubItems(column::Libraries) + courses.At(1).SubItems(column::Size), "0");
 }
 
+TEST_F(CatalogueTest, AValueOfAWrongTypeIsToldAndCostsNoRow) {
+  Add({.name = "Elm"}, "Elm");
+  Add({.name = "Oak"}, "Oak");
+  RegisterLibrary(state, "{4}", "Grass", R"(C:\g.hlb)");
+  test::FaultyRegistry &registry = test::FaultyRegistry::Install(state);
+  for (const char *value : {"Name", "Filename", "Picture"}) {
+    registry.wrongType = value;
+    LoadCourses(state);
+    LoadLibraries(state);
+    EXPECT_EQ(state.lstCourses.Count() + state.lstLibraries.Count(), 3U) << value;
+    for (const std::size_t i : {0U, 1U})
+      EXPECT_EQ(state.lstCourses.At(i).Tag(), state.lstCourses.At(i).Key());
+    EXPECT_EQ(state.lstCourses.SelectedItem(), &state.lstCourses.At(0));
+    Texts told = {"frmTurfManager.LoadCourses(): Type mismatch", "frmTurfManager.LoadLibraries(): Type mismatch"};
+    told.resize(value == std::string("Picture") ? 1 : 2);
+    EXPECT_EQ(world.boxes.TakeTexts(), told);
+  }
+}
+
 } // namespace turfdesk

@@ -88,6 +88,12 @@ bool FaultyRegistry::MayDeleteKey(std::string_view keyPath) {
   return !mFailed && mReal->MayDeleteKey(keyPath);
 }
 
+std::string FaultyRegistry::GetStringValue(std::string_view valueName) {
+  if (!wrongType.empty() && valueName == wrongType)
+    throw RuntimeError(ErrorNumber::TypeMismatch);
+  return mReal->GetStringValue(valueName);
+}
+
 void FaultyRegistry::SetStringValue(std::string_view valueName, std::string_view value) {
   if (!ChangeFails(!failingValue.empty() && valueName == failingValue))
     mReal->SetStringValue(valueName, value);

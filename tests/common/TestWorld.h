@@ -122,6 +122,8 @@ public:
 
   /// Writes to values of this name fail; "" lets all pass.
   std::string failingValue;
+  /// Values of this name have a type that no text has; "" lets all be read.
+  std::string wrongType;
   /// Numbers, from 1, of the changes of the tree that fail: a value written, a key made, a key deleted.
   int firstFailing = INT_MAX;
   int lastFailing = INT_MAX;
@@ -145,7 +147,7 @@ public:
   bool KeyExists(std::string_view keyPath) override { return mReal->KeyExists(keyPath); }
   bool OpenKey(std::string_view keyPath, bool create) override;
   std::int32_t GetLongValue(std::string_view valueName) override { return mReal->GetLongValue(valueName); }
-  std::string GetStringValue(std::string_view valueName) override { return mReal->GetStringValue(valueName); }
+  std::string GetStringValue(std::string_view valueName) override;
   bool ValueExists(std::string_view valueName) override { return mReal->ValueExists(valueName); }
   void SetLongValue(std::string_view valueName, std::int32_t value) override { mReal->SetLongValue(valueName, value); }
   void SetStringValue(std::string_view valueName, std::string_view value) override;

@@ -131,6 +131,15 @@ TEST_F(UninstallTest, AKeyThatIsKnownToStayKeepsEverything) {
   EXPECT_EQ(world.state.lstCourses.Count() + world.state.lstLibraries.Count(), 5U);
 }
 
+TEST_F(UninstallTest, AValueThatCannotBeReadKeepsEverything) {
+  for (const char *value : {"Filename", "Text"}) {
+    world.registry.wrongType = value;
+    EXPECT_FALSE(Course(world.elmKey, {true}));
+    EXPECT_EQ(Boxes(), (Texts{Sure("Old Elm"), "frmTurfManager.btnCourseUninstall_Click(): Type mismatch"}));
+  }
+  EXPECT_EQ(world.TakeDeleted(), Texts{});
+}
+
 TEST_F(UninstallTest, AKeyThatStaysAgainstExpectationOutlivesItsFiles) {
   world.registry.undeletable = world.registry.surprise = true;
   EXPECT_FALSE(Library(world.grassKey, {true, true}));

@@ -16,6 +16,16 @@ constexpr std::uint32_t expandableText = 2;
 constexpr std::string_view noTree = "There is no settings tree of this name";
 
 /// Does the failure say that there is nothing of this name?
+/// A path may end in a backslash.
+std::string NoTextWords(RegistryRoot root, std::string_view keyPath, std::string_view valueName) {
+  std::string words = "The settings value is no text\r\n\r\n" + std::string(NameOfRoot(root)) + '\\';
+  words += keyPath;
+  if (!words.ends_with('\\'))
+    words += '\\';
+  words += valueName;
+  return words;
+}
+
 bool IsAbsence(std::uint32_t error) { return error == RegistryNotFound || error == RegistryBadPath; }
 
 } // namespace
@@ -172,9 +182,7 @@ std::string WindowsRegistryService::GetStringValue(std::string_view valueName) {
     return ExpandedTextOf(value);
   if (value.type == RegDword)
     return std::to_string(NumberOf(value));
-  throw RuntimeError(ErrorNumber::TypeMismatch, "The settings value is no text\r\n\r\n" +
-                                                    std::string(NameOfRoot(mOpenRoot)) + '\\' + mOpenPath + '\\' +
-                                                    std::string(valueName));
+  throw RuntimeError(ErrorNumber::TypeMismatch, NoTextWords(mOpenRoot, mOpenPath, valueName));
 }
 
 void WindowsRegistryService::SetLongValue(std::string_view valueName, std::int32_t value) {
