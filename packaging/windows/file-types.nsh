@@ -1,44 +1,74 @@
 ; SPDX-License-Identifier: MIT
-; Takes the file types for Turf Desk, and gives them back as they were. Each value that is taken is kept beside itself,
-; under another name and with its kind: a command may hold %ProgramFiles%, which only one kind of value expands.
+; Takes the file types for Turf Desk, and gives them back as they were. What was there before a value was taken stands
+; beside it: under one name its bytes, whatever their kind, or under another that there was nothing. A value without
+; either was not taken, whatever it says.
 
 !define BEFORE "BeforeTurfDesk"
+!define NOTHING_BEFORE "NothingBeforeTurfDesk"
 
-!macro CopyValue KEY FROM TO
-  ReadRegStr $0 HKLM "${KEY}" "${FROM}"
-  ; -2147483646 is HKEY_LOCAL_MACHINE; 0x1000ffff asks for any kind, as it stands there.
-  System::Call 'advapi32::RegGetValueW(p -2147483646, w "${KEY}", w "${FROM}", i 0x1000ffff, *i .r1, p 0, p 0)'
-  ${If} $1 == 2
-    WriteRegExpandStr HKLM "${KEY}" "${TO}" $0
-  ${Else}
-    WriteRegStr HKLM "${KEY}" "${TO}" $0
-  ${EndIf}
+; Sets $0 to 0 where there is such a value, $1 to its kind and $2 to its size in bytes. -2147483646 is
+; HKEY_LOCAL_MACHINE; 0x1000ffff asks for any kind, as it stands there.
+!macro FindValue KEY NAME
+  System::Call 'advapi32::RegGetValueW(p -2147483646, w "${KEY}", w "${NAME}", i 0x1000ffff, *i .r1, p 0, *i .r2) i .r0'
 !macroend
 
-!macro TakeValue KEY OURS
-  ClearErrors
-  ReadRegStr $0 HKLM "${KEY}" ""
-  ${If} ${Errors}
-    DeleteRegValue HKLM "${KEY}" "${BEFORE}"
-  ${ElseIf} $0 != `${OURS}`
-    !insertmacro CopyValue "${KEY}" "" "${BEFORE}"
+; Copies the value that was just found, whatever its kind and length. $0 is 0 where that worked.
+!macro CopyFoundValue KEY NAME TO
+  System::Alloc $2
+  Pop $3
+  System::Call 'advapi32::RegGetValueW(p -2147483646, w "${KEY}", w "${NAME}", i 0x1000ffff, p 0, p r3, *i r2r2) i .r0'
+  ${If} $0 = 0
+    System::Call 'advapi32::RegSetKeyValueW(p -2147483646, w "${KEY}", w "${TO}", i r1, p r3, i r2) i .r0'
   ${EndIf}
-  WriteRegStr HKLM "${KEY}" "" `${OURS}`
+  System::Free $3
+!macroend
+
+; What cannot be kept is not taken.
+!macro TakeValue KEY OURS
+  ReadRegStr $4 HKLM "${KEY}" ""
+  StrCpy $5 ""
+  !insertmacro FindValue "${KEY}" "${BEFORE}"
+  ${If} $0 = 0
+    StrCpy $5 "kept"
+  ${EndIf}
+  !insertmacro FindValue "${KEY}" "${NOTHING_BEFORE}"
+  ${If} $0 = 0
+    StrCpy $5 "kept"
+  ${EndIf}
+  ; Taken by an installation that broke off. Otherwise what is there now counts, whatever was there earlier.
+  ${If} $4 != `${OURS}`
+  ${OrIf} $5 == ""
+    DeleteRegValue HKLM "${KEY}" "${NOTHING_BEFORE}"
+    !insertmacro FindValue "${KEY}" ""
+    ${If} $0 = 0
+      !insertmacro CopyFoundValue "${KEY}" "" "${BEFORE}"
+    ${ElseIf} $0 = 2
+      DeleteRegValue HKLM "${KEY}" "${BEFORE}"
+      WriteRegStr HKLM "${KEY}" "${NOTHING_BEFORE}" ""
+      StrCpy $0 0
+    ${EndIf}
+    ${If} $0 = 0
+      WriteRegStr HKLM "${KEY}" "" `${OURS}`
+    ${EndIf}
+  ${EndIf}
 !macroend
 
 ; What somebody else has entered since it was taken stays.
 !macro GiveValueBack KEY OURS
-  ReadRegStr $0 HKLM "${KEY}" ""
-  ${If} $0 == `${OURS}`
-    ClearErrors
-    ReadRegStr $0 HKLM "${KEY}" "${BEFORE}"
-    ${If} ${Errors}
-      DeleteRegValue HKLM "${KEY}" ""
+  ReadRegStr $4 HKLM "${KEY}" ""
+  ${If} $4 == `${OURS}`
+    !insertmacro FindValue "${KEY}" "${BEFORE}"
+    ${If} $0 = 0
+      !insertmacro CopyFoundValue "${KEY}" "${BEFORE}" ""
     ${Else}
-      !insertmacro CopyValue "${KEY}" "${BEFORE}" ""
+      !insertmacro FindValue "${KEY}" "${NOTHING_BEFORE}"
+      ${If} $0 = 0
+        DeleteRegValue HKLM "${KEY}" ""
+      ${EndIf}
     ${EndIf}
   ${EndIf}
   DeleteRegValue HKLM "${KEY}" "${BEFORE}"
+  DeleteRegValue HKLM "${KEY}" "${NOTHING_BEFORE}"
   !insertmacro DeleteEmptyKey "${KEY}"
 !macroend
 
@@ -46,14 +76,8 @@
   DeleteRegKey /ifnosubkeys /ifnovalues HKLM "${KEY}"
 !macroend
 
-; TYPE is the text that the program itself, and the game, give to the extension. So on a first installation it may be
-; there already, and is to stay when Turf Desk goes; on an update ($Update is 1) it is there because of us.
+; TYPE is the text that the program itself, and the game, give to the extension: it may be there before.
 !macro TakeType EXTENSION TYPE
-  ReadRegStr $0 HKLM "Software\Classes\${EXTENSION}" ""
-  ${If} $Update = 0
-  ${AndIf} $0 == "${TYPE}"
-    !insertmacro CopyValue "Software\Classes\${EXTENSION}" "" "${BEFORE}"
-  ${EndIf}
   !insertmacro TakeValue "Software\Classes\${EXTENSION}" "${TYPE}"
   !insertmacro TakeValue "Software\Classes\${TYPE}\DefaultIcon" "$INSTDIR\TurfDesk.exe,0"
   !insertmacro TakeValue "Software\Classes\${TYPE}\shell\open\command" '"$INSTDIR\TurfDesk.exe" "%1"'

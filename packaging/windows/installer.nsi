@@ -1,8 +1,8 @@
 ; SPDX-License-Identifier: MIT
-; The installer for Windows. Silent with /S; the folder is chosen with /D=FOLDER as the last argument.
-; Exit code 2 with nothing changed: the folder holds other files, or Turf Desk is running. The uninstaller goes on in a
-; copy of itself and ends at once; who wants its exit code adds _?=FOLDER as the last argument, and afterwards deletes
-; Uninstall.exe.
+; The installer for Windows. Silent with /S; the folder is chosen with /D=FOLDER as the last argument. It ends with exit
+; code 2 and its words: with nothing changed where it cannot begin or cannot write its files, else when it was stopped
+; half-way; then it can be started again. The uninstaller goes on in a copy of itself and ends at once; who wants its
+; exit code adds _?=FOLDER as the last argument, and afterwards deletes Uninstall.exe.
 ; Defined on the command line: VERSION, STAGE (the folder that holds what is installed), OUTPUT.
 
 Unicode true
@@ -12,9 +12,12 @@ SetCompressor /SOLID lzma
 
 !include MUI2.nsh
 !include LogicLib.nsh
+!include FileFunc.nsh
 !include file-types.nsh
 
 !define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\TurfDesk"
+; Below the folder to install in: what is to be installed, until all of it is on the disk.
+!define NEW "TurfDesk.new"
 
 Name "Turf Desk"
 OutFile "${OUTPUT}"
@@ -41,9 +44,11 @@ VIAddVersionKey LegalCopyright "Copyright 2026 Turf Desk contributors. MIT licen
 !insertmacro MUI_UNPAGE_INSTFILES
 !insertmacro MUI_LANGUAGE "English"
 
-; The folder of the Turf Desk that is there already, or empty, and whether it is the folder to install in.
+; The folder that is entered as Turf Desk's, and the same where Turf Desk is really there; or empty.
+Var Entered
 Var Installed
-Var Update
+; Is that the folder to install in, or to uninstall from?
+Var IsHere
 ; Why nothing can be done, or empty.
 Var Obstacle
 
@@ -73,16 +78,21 @@ Var Obstacle
   !insertmacro FindRunning "${FOLDER}" "turfctl.exe"
 !macroend
 
-; Sets RESULT to 1 where Turf Desk is installed in FOLDER. A folder can be spelt in several ways; its short name is one.
-!macro IsInstalledIn FOLDER RESULT
-  StrCpy ${RESULT} 0
-  ReadRegStr $Installed HKLM "${UNINSTALL_KEY}" "InstallLocation"
-  ${If} $Installed != ""
-  ${AndIf} ${FileExists} "$Installed\Uninstall.exe"
-    GetFullPathName /SHORT $0 $Installed
-    GetFullPathName /SHORT $1 "${FOLDER}"
-    ${If} $0 == $1
-      StrCpy ${RESULT} 1
+; A folder can be spelt in several ways; its short name is one.
+!macro FindInstalled
+  StrCpy $Installed ""
+  StrCpy $IsHere 0
+  ReadRegStr $Entered HKLM "${UNINSTALL_KEY}" "InstallLocation"
+  ${If} $Entered != ""
+    ${If} ${FileExists} "$Entered\TurfDesk.exe"
+    ${OrIf} ${FileExists} "$Entered\Uninstall.exe"
+    ${OrIf} ${FileExists} "$Entered\${NEW}\*.*"
+      StrCpy $Installed $Entered
+      GetFullPathName /SHORT $0 $Installed
+      GetFullPathName /SHORT $1 $INSTDIR
+      ${If} $0 == $1
+        StrCpy $IsHere 1
+      ${EndIf}
     ${EndIf}
   ${EndIf}
 !macroend
@@ -93,6 +103,7 @@ Function FindForeignFiles
   ${DoWhile} $1 != ""
     ${If} $1 != "."
     ${AndIf} $1 != ".."
+    ${AndIf} $1 != "${NEW}"
       StrCpy $Obstacle "The folder $INSTDIR holds other files. Choose an empty folder, or a new one."
     ${EndIf}
     FindNext $0 $1
@@ -102,8 +113,8 @@ FunctionEnd
 
 Function FindObstacle
   StrCpy $Obstacle ""
-  !insertmacro IsInstalledIn "$INSTDIR" $Update
-  ${If} $Update = 0
+  !insertmacro FindInstalled
+  ${If} $IsHere = 0
     Call FindForeignFiles
   ${EndIf}
   ${If} $Installed != ""
@@ -120,37 +131,136 @@ Function LeaveFolderPage
   ${EndIf}
 FunctionEnd
 
-; There is one entry to uninstall by and one owner of the file types: a Turf Desk elsewhere goes first.
-Function RemoveOther
-  ${If} ${FileExists} "$Installed\Uninstall.exe"
-    ClearErrors
-    ExecWait '"$Installed\Uninstall.exe" /S _?=$Installed' $0
-    ${If} ${Errors}
-    ${OrIf} $0 <> 0
-      StrCpy $Obstacle "The Turf Desk in $Installed could not be removed. Uninstall it and start again."
-      !insertmacro StopAtObstacle
+; A folder that cannot be installed in gives way to the usual one, before anybody is asked. That is not what was wanted.
+Function .onInit
+  System::Call 'kernel32::GetCommandLineW() w .r0'
+  StrCpy $1 0
+  ${Do}
+    StrCpy $2 $0 3 $1
+    ${If} $2 == ""
+      Return
     ${EndIf}
-    Delete "$Installed\Uninstall.exe"
-    RMDir "$Installed"
-  ${Else}
-    ; Its folder was deleted by hand.
-    !insertmacro GiveTypesBack "$Installed"
+    IntOp $1 $1 + 1
+  ${LoopUntil} $2 S== "/D="
+  IntOp $1 $1 + 2
+  ; Quotation marks are no part of it, nor is what parts it from a name below.
+  StrCpy $3 ""
+  ${Do}
+    StrCpy $2 $0 1 $1
+    ${If} $2 != '"'
+      StrCpy $3 "$3$2"
+    ${EndIf}
+    IntOp $1 $1 + 1
+  ${LoopUntil} $2 == ""
+  ${Do}
+    StrCpy $2 $3 1 -1
+    ${If} $2 != "\"
+    ${AndIf} $2 != " "
+      ${ExitDo}
+    ${EndIf}
+    StrCpy $3 $3 -1
+  ${Loop}
+  ${If} $3 != $INSTDIR
+    StrCpy $Obstacle "Turf Desk cannot be installed in $3."
+    !insertmacro StopAtObstacle
   ${EndIf}
 FunctionEnd
+
+Function RemoveNew
+  ; No folder can go that somebody is in.
+  SetOutPath "$TEMP"
+  RMDir /r "$INSTDIR\${NEW}"
+  RMDir "$INSTDIR"
+FunctionEnd
+
+Function .onInstFailed
+  Call RemoveNew
+FunctionEnd
+
+; Where something is left from an attempt that broke off, the uninstaller may be missing: the new one does as well.
+Function RemoveInstalled
+  StrCpy $2 "$Installed\Uninstall.exe"
+  ${IfNot} ${FileExists} $2
+    StrCpy $2 "$INSTDIR\${NEW}\Uninstall.exe"
+  ${EndIf}
+  ClearErrors
+  ExecWait '"$2" /S /UPDATE _?=$Installed' $0
+  ${If} ${Errors}
+  ${OrIf} $0 <> 0
+    StrCpy $Obstacle "The Turf Desk in $Installed could not be removed. Uninstall it and start again."
+    !insertmacro StopAtObstacle
+  ${EndIf}
+  Delete "$Installed\Uninstall.exe"
+  RMDir "$Installed"
+FunctionEnd
+
+; Inserts the macro ACTION for the path of each file of the stage, or of each folder with those below it first.
+!macro ForEach KIND ACTION
+  !tempfile LIST
+  !system `cd "${STAGE}" && find . -depth -mindepth 1 -type ${KIND} ! -name turfdesk.ico | cut -c3- | sed 's,.*,!insertmacro ${ACTION} "&",' >"${LIST}"` = 0
+  !include "${LIST}"
+  !delfile "${LIST}"
+  !undef LIST
+!macroend
+!macro ForEachFile ACTION
+  !insertmacro ForEach f ${ACTION}
+!macroend
+!macro ForEachFolder ACTION
+  !insertmacro ForEach d ${ACTION}
+!macroend
+
+; No file of somebody else's is replaced: a name that is taken is an error.
+!macro Place PATH
+  !searchreplace NATIVE_PATH "${PATH}" "/" "\"
+  Rename "$INSTDIR\${NEW}\${NATIVE_PATH}" "$INSTDIR\${NATIVE_PATH}"
+  !undef NATIVE_PATH
+!macroend
+!macro MakeFolder PATH
+  !searchreplace NATIVE_PATH "${PATH}" "/" "\"
+  CreateDirectory "$INSTDIR\${NATIVE_PATH}"
+  !undef NATIVE_PATH
+!macroend
+!macro RemoveFile PATH
+  !searchreplace NATIVE_PATH "${PATH}" "/" "\"
+  Delete "$INSTDIR\${NATIVE_PATH}"
+  !undef NATIVE_PATH
+!macroend
+!macro RemoveFolder PATH
+  !searchreplace NATIVE_PATH "${PATH}" "/" "\"
+  RMDir "$INSTDIR\${NATIVE_PATH}"
+  !undef NATIVE_PATH
+!macroend
 
 Section "Turf Desk"
   SetRegView 64
   SetShellVarContext all
   Call FindObstacle
   !insertmacro StopAtObstacle
-  ${If} $Update = 0
-  ${AndIf} $Installed != ""
-    Call RemoveOther
+  ${If} $IsHere = 1
+    StrCpy $INSTDIR $Installed
   ${EndIf}
 
-  ; First what tells that the folder is ours: after a failure below, it can be installed again or uninstalled.
-  SetOutPath "$INSTDIR"
-  WriteUninstaller "$INSTDIR\Uninstall.exe"
+  ; Until all is on the disk, whatever is installed stays as it is.
+  RMDir /r "$INSTDIR\${NEW}"
+  ClearErrors
+  SetOutPath "$INSTDIR\${NEW}"
+  SetOverwrite try
+  File /r /x turfdesk.ico "${STAGE}/*"
+  WriteUninstaller "$INSTDIR\${NEW}\Uninstall.exe"
+  ${If} ${Errors}
+    StrCpy $Obstacle "The files could not be written to $INSTDIR."
+    !insertmacro StopAtObstacle
+  ${EndIf}
+
+  ; There is one entry to uninstall by and one owner of the file types: the Turf Desk that is installed goes first.
+  ${If} $Installed != ""
+    Call RemoveInstalled
+  ${ElseIf} $Entered != ""
+    ; Its folder was deleted by hand.
+    !insertmacro GiveTypesBack "$Entered"
+  ${EndIf}
+
+  ; First what tells that the folder is ours: whatever happens below, it can be installed again or uninstalled.
   WriteRegStr HKLM "${UNINSTALL_KEY}" "DisplayName" "Turf Desk"
   WriteRegStr HKLM "${UNINSTALL_KEY}" "DisplayVersion" "${VERSION}"
   WriteRegStr HKLM "${UNINSTALL_KEY}" "DisplayIcon" "$INSTDIR\TurfDesk.exe"
@@ -160,28 +270,22 @@ Section "Turf Desk"
   WriteRegStr HKLM "${UNINSTALL_KEY}" "QuietUninstallString" '"$INSTDIR\Uninstall.exe" /S'
   WriteRegDWORD HKLM "${UNINSTALL_KEY}" "NoModify" 1
   WriteRegDWORD HKLM "${UNINSTALL_KEY}" "NoRepair" 1
-  SetOverwrite try
+
+  ; The links in the Start menu get the current folder.
+  SetOutPath "$INSTDIR"
+  !insertmacro ForEachFolder MakeFolder
   ClearErrors
-  File "${STAGE}/TurfDesk.exe"
-  File "${STAGE}/turfctl.exe"
-  File "${STAGE}/working.avi"
-  File "${STAGE}/README.txt"
-  File /r "${STAGE}/licences"
+  !insertmacro Place "Uninstall.exe"
+  !insertmacro ForEachFile Place
   ${If} ${Errors}
-    StrCpy $Obstacle "Some files could not be written. Close Turf Desk and try again."
+    StrCpy $Obstacle "Some files could not be written to $INSTDIR. Start again."
     !insertmacro StopAtObstacle
   ${EndIf}
+  RMDir /r "$INSTDIR\${NEW}"
 
   CreateShortcut "$SMPROGRAMS\Turf Desk.lnk" "$INSTDIR\TurfDesk.exe"
   !insertmacro TakeTypes
 SectionEnd
-
-; Runs COMMAND on what was installed from PATH of the stage.
-!macro Undo COMMAND PATH
-  !searchreplace NATIVE_PATH "${PATH}" "/" "\"
-  ${COMMAND} "$INSTDIR\${NATIVE_PATH}"
-  !undef NATIVE_PATH
-!macroend
 
 ; Courses, libraries, packages and the game's settings are the user's and stay as they are. So does every file here that
 ; was not installed.
@@ -189,8 +293,8 @@ Section "Uninstall"
   SetRegView 64
   SetShellVarContext all
   StrCpy $Obstacle ""
-  !insertmacro IsInstalledIn "$INSTDIR" $Update
-  ${If} $Update = 0
+  !insertmacro FindInstalled
+  ${If} $IsHere = 0
     StrCpy $Obstacle "Turf Desk is not installed in $INSTDIR. Nothing was removed."
   ${EndIf}
   !insertmacro FindRunningPrograms "$INSTDIR"
@@ -206,14 +310,15 @@ Section "Uninstall"
   ; The paths as they were entered, however this folder was spelt now.
   !insertmacro GiveTypesBack "$Installed"
   Delete "$SMPROGRAMS\Turf Desk.lnk"
-  Delete "$INSTDIR\working.avi"
-  Delete "$INSTDIR\README.txt"
-  ; Deletes each licence by its name, and the folders that are empty then.
-  !tempfile LIST
-  !system `cd "${STAGE}" && find licences -type f | sed 's,.*,!insertmacro Undo Delete "&",' >"${LIST}"` = 0
-  !system `cd "${STAGE}" && find licences -depth -type d | sed 's,.*,!insertmacro Undo RMDir "&",' >>"${LIST}"` = 0
-  !include "${LIST}"
-  !delfile "${LIST}"
+  !insertmacro ForEachFile RemoveFile
+  !insertmacro ForEachFolder RemoveFolder
+  ; Left by an installation that broke off, or what is to be installed next.
+  ${GetParameters} $0
+  ClearErrors
+  ${GetOptions} $0 "/UPDATE" $1
+  ${If} ${Errors}
+    RMDir /r "$INSTDIR\${NEW}"
+  ${EndIf}
   Delete "$INSTDIR\Uninstall.exe"
   RMDir "$INSTDIR"
   DeleteRegKey HKLM "${UNINSTALL_KEY}"
