@@ -39,9 +39,8 @@ void SetSize(Row &row, double bytes) {
 } // namespace
 
 void FillCourseRow(SharedState &state, std::string_view courseKey, Row &row) {
-  // First of all: a command on a row without it would mean all courses.
-  row.SetTag(courseKey);
   const std::string filename = GetCourseFilename(state, courseKey);
+  row.SetTag(courseKey);
   row.SetSubItems(column::Filename, filename);
   // The list of a large catalogue spends its time here: one opening of the file serves its size and its libraries.
   CourseFile course(state);
@@ -55,10 +54,21 @@ void FillCourseRow(SharedState &state, std::string_view courseKey, Row &row) {
 }
 
 void FillLibraryRow(SharedState &state, std::string_view libraryKey, Row &row) {
-  row.SetTag(libraryKey);
   const std::string filename = GetLibraryFilename(state, libraryKey);
+  row.SetTag(libraryKey);
   row.SetSubItems(column::Filename, filename);
   SetSize(row, GetFileSize(state, filename));
+}
+
+void FillOrRemove(SharedState &state, ListView &list, FillRow fillRow, std::string_view key, Row &row) {
+  try {
+    fillRow(state, key, row);
+  } catch (...) {
+    list.Remove(row);
+    if (&list == &state.lstCourses)
+      state.allCoursesListed = false;
+    throw;
+  }
 }
 
 std::string GetLibrariesInCourse(SharedState &state, std::string_view courseKey) {

@@ -31,6 +31,13 @@ void FillCourseRow(SharedState &state, std::string_view courseKey, Row &row);
 /// Fills Tag and columns from the catalogue. The library file is not opened.
 void FillLibraryRow(SharedState &state, std::string_view libraryKey, Row &row);
 
+/// One of the two above.
+using FillRow = void (*)(SharedState &, std::string_view key, Row &row);
+
+/// Fills a row of the list, or removes it when that fails and passes the error on: commands would take what a row lacks
+/// for absent, and clear it in the catalogue.
+void FillOrRemove(SharedState &state, ListView &list, FillRow fillRow, std::string_view key, Row &row);
+
 /// The library list of a catalogued course, read from its file: keys joined by "," in the file's order, "" for none.
 /// A file that cannot be read gives "" and shows nothing.
 std::string GetLibrariesInCourse(SharedState &state, std::string_view courseKey);

@@ -30,6 +30,8 @@ bool LibraryUsedByOtherCourse(SharedState &state, std::string_view libraryKey, s
 }
 
 bool IsOrphanOfCourse(SharedState &state, std::string_view libraryKey, std::string_view courseKey) {
+  if (!state.allCoursesListed)
+    return false;
   const bool usedElsewhere = LibraryUsedByOtherCourse(state, libraryKey, courseKey);
   const bool catalogued = LibraryKeyExists(state, libraryKey);
   return !usedElsewhere && catalogued;

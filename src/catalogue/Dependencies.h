@@ -19,7 +19,7 @@ namespace turfdesk {
 /// Does a course other than courseKey list the library?
 bool LibraryUsedByOtherCourse(SharedState &state, std::string_view libraryKey, std::string_view courseKey);
 
-/// Is the library catalogued, and used by no course but this one?
+/// Is the library catalogued, and used by no course but this one? False, too, while not all courses are known.
 bool IsOrphanOfCourse(SharedState &state, std::string_view libraryKey, std::string_view courseKey);
 
 /// Names of the courses that use the library, in row order. Replaces what names held and gives the number.

@@ -8,8 +8,7 @@
 namespace turfdesk {
 
 // Each rebuilds the rows of one list from the catalogue. The list that the commands act on has its first row selected
-// afterwards, the other one none. An error is shown and ends the load; rows made so far stay. A value of a wrong type
-// is shown too, but costs its own row alone what follows the value.
+// afterwards, the other one none. An error is shown and ends the load; rows filled so far stay.
 void LoadCourses(SharedState &state);
 void LoadLibraries(SharedState &state);
 

@@ -24,7 +24,7 @@ namespace {
 struct ContentKind {
   bool (*keyExists)(SharedState &, std::string_view key);
   bool (*registerEntry)(SharedState &, std::string_view key, std::string_view name, std::string_view filename);
-  void (*fillRow)(SharedState &, std::string_view key, Row &row);
+  FillRow fillRow;
   void (*showCopyFailure)(SharedState &);
   ListView SharedState::*list;
   StringId replaceQuestion;
@@ -119,7 +119,7 @@ bool InstallAs(SharedState &state, const ContentKind &kind, const Content &conte
   if (!CopyAndRegister(state, kind, content, route, fileLabel, routeLabel))
     return false;
   Row *shown = FindListRow(content.guid, content.name, state.*kind.list, true);
-  kind.fillRow(state, content.guid, *shown);
+  FillOrRemove(state, state.*kind.list, kind.fillRow, content.guid, *shown);
   row = shown;
   return true;
 }

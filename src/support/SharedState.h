@@ -59,6 +59,8 @@ struct SharedState {
 
   /// The rows of the main window's two lists: the working copy of the catalogue.
   ListView lstCourses;
+  /// False while a catalogued course is missing from lstCourses, which then does not tell all that uses a library.
+  bool allCoursesListed = true;
   ListView lstLibraries;
 };
 

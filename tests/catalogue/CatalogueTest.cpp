@@ -72,23 +72,25 @@ TEST_F(CatalogueTest, RowsAreSortedAndFilledAlsoWhereFilesOrValuesAreMissing) {
   EXPECT_EQ(courses.At(4).SubItems(column::Libraries) + courses.At(1).SubItems(column::Size), "0");
 }
 
-TEST_F(CatalogueTest, AValueOfAWrongTypeIsToldAndCostsNoRow) {
+TEST_F(CatalogueTest, AValueOfAWrongTypeEndsTheLoadAndLeavesNoRowThatLacksSomething) {
   Add({.name = "Elm"}, "Elm");
   Add({.name = "Oak"}, "Oak");
-  RegisterLibrary(state, "{4}", "Grass", R"(C:\g.hlb)");
+  Add({.name = "Pine"}, "Pine");
   test::FaultyRegistry &registry = test::FaultyRegistry::Install(state);
-  for (const char *value : {"Name", "Filename", "Picture"}) {
+  for (const char *value : {"Name", "Filename", "AVI"}) {
     registry.wrongType = value;
+    registry.rightTypes = 1;
     LoadCourses(state);
-    LoadLibraries(state);
-    EXPECT_EQ(state.lstCourses.Count() + state.lstLibraries.Count(), 3U) << value;
-    for (const std::size_t i : {0U, 1U})
-      EXPECT_EQ(state.lstCourses.At(i).Tag(), state.lstCourses.At(i).Key());
-    EXPECT_EQ(state.lstCourses.SelectedItem(), &state.lstCourses.At(0));
-    Texts told = {"frmTurfManager.LoadCourses(): Type mismatch", "frmTurfManager.LoadLibraries(): Type mismatch"};
-    told.resize(value == std::string("Picture") ? 1 : 2);
-    EXPECT_EQ(world.boxes.TakeTexts(), told);
+    EXPECT_EQ(world.boxes.TakeTexts(), Texts{"frmTurfManager.LoadCourses(): Type mismatch"});
+    ASSERT_EQ(state.lstCourses.Count(), 1U) << value;
+    EXPECT_NE(state.lstCourses.At(0).SubItems(column::Filename), "");
+    EXPECT_EQ(state.lstCourses.SelectedItem(), nullptr);
+    EXPECT_FALSE(state.allCoursesListed);
   }
+  registry.wrongType.clear();
+  LoadCourses(state);
+  EXPECT_EQ(state.lstCourses.Count(), 3U);
+  EXPECT_TRUE(state.allCoursesListed);
 }
 
 } // namespace turfdesk

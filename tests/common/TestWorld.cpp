@@ -89,7 +89,7 @@ bool FaultyRegistry::MayDeleteKey(std::string_view keyPath) {
 }
 
 std::string FaultyRegistry::GetStringValue(std::string_view valueName) {
-  if (!wrongType.empty() && valueName == wrongType)
+  if (!wrongType.empty() && valueName == wrongType && --rightTypes < 0)
     throw RuntimeError(ErrorNumber::TypeMismatch);
   return mReal->GetStringValue(valueName);
 }

@@ -124,6 +124,8 @@ public:
   std::string failingValue;
   /// Values of this name have a type that no text has; "" lets all be read.
   std::string wrongType;
+  /// So many of them are read before one has such a type.
+  int rightTypes = 0;
   /// Numbers, from 1, of the changes of the tree that fail: a value written, a key made, a key deleted.
   int firstFailing = INT_MAX;
   int lastFailing = INT_MAX;

@@ -4,6 +4,7 @@
 #include "manage/Uninstall.h"
 
 #include "catalogue/Catalogue.h"
+#include "catalogue/LoadLists.h"
 #include "catalogue/Selection.h"
 
 #include "common/GolfWorld.h"
@@ -97,6 +98,17 @@ TEST_F(UninstallTest, AnOrphanIsALibraryThatIsCataloguedAndThatNoOtherCourseList
   EXPECT_EQ(world.state.lstCourses.Count(), 0U);
   EXPECT_FALSE(Course("", {}));
   EXPECT_EQ(Boxes(), Texts{"No courses installed."});
+}
+
+TEST_F(UninstallTest, NoLibraryIsAnOrphanWhileACourseIsMissingFromTheList) {
+  world.registry.wrongType = "Filename";
+  world.registry.rightTypes = 1;
+  LoadCourses(world.state);
+  world.registry.wrongType.clear();
+  EXPECT_EQ(Boxes(), Texts{"frmTurfManager.LoadCourses(): Type mismatch"});
+  ASSERT_EQ(world.state.lstCourses.Count(), 1U);
+  EXPECT_TRUE(Course(world.oakKey, {true}));
+  EXPECT_EQ(Boxes(), (Texts{Sure("Oak"), "Oak\r\n\r\nCourse was successfully uninstalled."})) << "Old Elm needs Water";
 }
 
 TEST_F(UninstallTest, ALibraryAsksOnceForEachCourseThatUsesIt) {

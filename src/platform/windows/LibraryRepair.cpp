@@ -33,7 +33,11 @@ std::string LibraryFolder() {
     error = key.Read(ToWide(folderValue), value);
   if (error != RegistrySuccess && error != RegistryNotFound)
     ThrowRegistryError(error, RegistryRoot::LocalMachine, settingsKey);
-  std::string folder = error == RegistrySuccess && value.type == RegSz ? TextOf(value) : "";
+  std::string folder;
+  if (error == RegistrySuccess && value.type == RegSz)
+    folder = TextOf(value);
+  else if (error == RegistrySuccess && value.type == RegExpandSz)
+    folder = ExpandedTextOf(value);
   if (folder.empty())
     throw RuntimeError(ErrorNumber::PathNotFound,
                        "The settings do not say in which folder the dll's are. They have not been restored." +

@@ -11,6 +11,9 @@
 
 namespace turfdesk {
 
+/// A text with variables of the environment.
+inline constexpr std::uint32_t RegExpandSz = 2;
+
 /// A value as the registry keeps it. Texts are UTF-16 in its bytes.
 struct RawValue {
   std::wstring name;

@@ -12,10 +12,8 @@ namespace turfdesk {
 
 namespace {
 
-constexpr std::uint32_t expandableText = 2;
 constexpr std::string_view noTree = "There is no settings tree of this name";
 
-/// Does the failure say that there is nothing of this name?
 /// A path may end in a backslash.
 std::string NoTextWords(RegistryRoot root, std::string_view keyPath, std::string_view valueName) {
   std::string words = "The settings value is no text\r\n\r\n" + std::string(NameOfRoot(root)) + '\\';
@@ -26,6 +24,7 @@ std::string NoTextWords(RegistryRoot root, std::string_view keyPath, std::string
   return words;
 }
 
+/// Does the failure say that there is nothing of this name?
 bool IsAbsence(std::uint32_t error) { return error == RegistryNotFound || error == RegistryBadPath; }
 
 } // namespace
@@ -178,7 +177,7 @@ std::string WindowsRegistryService::GetStringValue(std::string_view valueName) {
   }
   if (value.type == RegSz)
     return TextOf(value);
-  if (value.type == expandableText)
+  if (value.type == RegExpandSz)
     return ExpandedTextOf(value);
   if (value.type == RegDword)
     return std::to_string(NumberOf(value));

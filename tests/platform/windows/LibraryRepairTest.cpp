@@ -58,6 +58,9 @@ protected:
 };
 
 TEST_F(LibraryRepairTest, RegistersBothLibrariesOfTheFolder) {
+  WriteRaw(gameKey, L"TurfManager", 2, Utf16(L"%SystemDrive%\\Golf\0"s));
+  EXPECT_EQ(Repair(), Texts{"C:\\Golf"});
+  mPrograms.started.clear();
   WriteRaw(gameKey, L"TurfManager", 1, Utf16(L"C:\\Käse und Brot\0"s));
   EXPECT_EQ(Repair(), Texts{"C:\\Käse und Brot"});
   EXPECT_EQ(mPrograms.started, (Texts{"REGSVR32.EXE|C:\\Käse und Brot\\VorinRegistry.dll|hidden",
