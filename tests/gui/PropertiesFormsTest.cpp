@@ -52,7 +52,7 @@ const Texts Before = {R"(C:\Media\links.bmp)", "", ""};
 } // namespace
 
 TEST_F(PropertiesFormsTest, CoursePropertiesShowTheRow) {
-  InCourseProperties([this](frmCourseProperties &dialog) {
+  InCourseProperties([](frmCourseProperties &dialog) {
     EXPECT_EQ(Find<PathBox>(dialog, "txtFilename").Path(), R"(C:\Golf\Links.hlc)");
     EXPECT_TRUE(Find<PathBox>(dialog, "txtFilename").isReadOnly() && Find<PathBox>(dialog, "txtSize").isReadOnly());
     EXPECT_EQ(Find<PathBox>(dialog, "txtSize").text(), "4 KB");
@@ -139,7 +139,7 @@ TEST_F(PropertiesFormsTest, AnotherWindowAndTheMenuOfABoxDoNotTakeTheFocusFromIt
 
 TEST_F(PropertiesFormsTest, AFileChosenInTheDialogIsSavedAlsoWhenItIsTheSame) {
   SetMedia("Text", "written by somebody else");
-  InCourseProperties([this](frmCourseProperties &dialog) {
+  InCourseProperties([](frmCourseProperties &dialog) {
     {
       const test::ModalWatch<QFileDialog> cancel([](QFileDialog &files) {
         EXPECT_EQ(files.windowTitle(), "Select Picture");
@@ -153,7 +153,7 @@ TEST_F(PropertiesFormsTest, AFileChosenInTheDialogIsSavedAlsoWhenItIsTheSame) {
   });
   EXPECT_EQ(SavedMedia()[2], "written by somebody else") << "Cancel is no change";
 
-  InCourseProperties([this](frmCourseProperties &dialog) {
+  InCourseProperties([](frmCourseProperties &dialog) {
     const test::ModalWatch<QFileDialog> accept(
         [](QFileDialog &files) { QTest::keyClick(&Find<QLineEdit>(files, "fileNameEdit"), Qt::Key_Return); });
     Find<QPushButton>(dialog, "btnMedia_0").setFocus();
@@ -163,7 +163,7 @@ TEST_F(PropertiesFormsTest, AFileChosenInTheDialogIsSavedAlsoWhenItIsTheSame) {
   });
   EXPECT_EQ(SavedMedia(), Before);
 
-  InCourseProperties([this](frmCourseProperties &dialog) {
+  InCourseProperties([](frmCourseProperties &dialog) {
     const test::ModalWatch<QFileDialog> choose([](QFileDialog &files) {
       Find<QLineEdit>(files, "fileNameEdit").setText("new");
       QTest::keyClick(&Find<QLineEdit>(files, "fileNameEdit"), Qt::Key_Return);
