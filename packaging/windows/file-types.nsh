@@ -23,39 +23,53 @@
   System::Free $3
 !macroend
 
-; What cannot be kept is not taken.
-!macro TakeValue KEY OURS
-  ReadRegStr $4 HKLM "${KEY}" ""
-  StrCpy $5 ""
+; Sets $5 to 1 where it is known what was there before the value was taken, else to 0.
+!macro IsKept KEY
+  StrCpy $5 0
   !insertmacro FindValue "${KEY}" "${BEFORE}"
   ${If} $0 = 0
-    StrCpy $5 "kept"
+    StrCpy $5 1
   ${EndIf}
   !insertmacro FindValue "${KEY}" "${NOTHING_BEFORE}"
   ${If} $0 = 0
-    StrCpy $5 "kept"
+    StrCpy $5 1
   ${EndIf}
-  ; Taken by an installation that broke off. Otherwise what is there now counts, whatever was there earlier.
-  ${If} $4 != `${OURS}`
-  ${OrIf} $5 == ""
-    DeleteRegValue HKLM "${KEY}" "${NOTHING_BEFORE}"
-    !insertmacro FindValue "${KEY}" ""
-    ${If} $0 = 0
-      !insertmacro CopyFoundValue "${KEY}" "" "${BEFORE}"
-    ${ElseIf} $0 = 2
-      DeleteRegValue HKLM "${KEY}" "${BEFORE}"
-      WriteRegStr HKLM "${KEY}" "${NOTHING_BEFORE}" ""
-      StrCpy $0 0
-    ${EndIf}
-    ${If} $0 = 0
-      WriteRegStr HKLM "${KEY}" "" `${OURS}`
-    ${EndIf}
+!macroend
+
+; Sets $0 to 0 where that worked.
+!macro KeepValue KEY
+  DeleteRegValue HKLM "${KEY}" "${BEFORE}"
+  DeleteRegValue HKLM "${KEY}" "${NOTHING_BEFORE}"
+  !insertmacro FindValue "${KEY}" ""
+  ${If} $0 = 0
+    !insertmacro CopyFoundValue "${KEY}" "" "${BEFORE}"
+  ${ElseIf} $0 = 2
+    WriteRegStr HKLM "${KEY}" "${NOTHING_BEFORE}" ""
+    StrCpy $0 0
+  ${EndIf}
+!macroend
+
+; A value with something kept beside it and with our END is one that we took, maybe for another folder. Any other is
+; somebody's, whatever was there earlier. What cannot be kept is not taken.
+!macro TakeValue KEY OURS END
+  ReadRegStr $4 HKLM "${KEY}" ""
+  StrLen $6 `${END}`
+  StrCpy $6 $4 "" -$6
+  !insertmacro IsKept "${KEY}"
+  StrCpy $0 0
+  ${If} $5 = 0
+  ${OrIf} $6 != `${END}`
+    !insertmacro KeepValue "${KEY}"
+  ${EndIf}
+  ${If} $0 = 0
+    WriteRegStr HKLM "${KEY}" "" `${OURS}`
   ${EndIf}
 !macroend
 
 ; What somebody else has entered since it was taken stays.
 !macro GiveValueBack KEY OURS
   ReadRegStr $4 HKLM "${KEY}" ""
+  StrCpy $0 0
   ${If} $4 == `${OURS}`
     !insertmacro FindValue "${KEY}" "${BEFORE}"
     ${If} $0 = 0
@@ -67,8 +81,11 @@
       ${EndIf}
     ${EndIf}
   ${EndIf}
-  DeleteRegValue HKLM "${KEY}" "${BEFORE}"
-  DeleteRegValue HKLM "${KEY}" "${NOTHING_BEFORE}"
+  ; What could not be given back can still be by hand.
+  ${If} $0 = 0
+    DeleteRegValue HKLM "${KEY}" "${BEFORE}"
+    DeleteRegValue HKLM "${KEY}" "${NOTHING_BEFORE}"
+  ${EndIf}
   !insertmacro DeleteEmptyKey "${KEY}"
 !macroend
 
@@ -78,9 +95,9 @@
 
 ; TYPE is the text that the program itself, and the game, give to the extension: it may be there before.
 !macro TakeType EXTENSION TYPE
-  !insertmacro TakeValue "Software\Classes\${EXTENSION}" "${TYPE}"
-  !insertmacro TakeValue "Software\Classes\${TYPE}\DefaultIcon" "$INSTDIR\TurfDesk.exe,0"
-  !insertmacro TakeValue "Software\Classes\${TYPE}\shell\open\command" '"$INSTDIR\TurfDesk.exe" "%1"'
+  !insertmacro TakeValue "Software\Classes\${EXTENSION}" "${TYPE}" "${TYPE}"
+  !insertmacro TakeValue "Software\Classes\${TYPE}\DefaultIcon" "$INSTDIR\TurfDesk.exe,0" "\TurfDesk.exe,0"
+  !insertmacro TakeValue "Software\Classes\${TYPE}\shell\open\command" '"$INSTDIR\TurfDesk.exe" "%1"' '\TurfDesk.exe" "%1"'
 !macroend
 
 !macro GiveTypeBack EXTENSION TYPE FOLDER

@@ -18,6 +18,8 @@ SetCompressor /SOLID lzma
 !define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\TurfDesk"
 ; Below the folder to install in: what is to be installed, until all of it is on the disk.
 !define NEW "TurfDesk.new"
+; Tells that this folder is ours.
+!define MARK "TurfDesk-setup"
 
 Name "Turf Desk"
 OutFile "${OUTPUT}"
@@ -47,8 +49,11 @@ VIAddVersionKey LegalCopyright "Copyright 2026 Turf Desk contributors. MIT licen
 ; The folder that is entered as Turf Desk's, and the same where Turf Desk is really there; or empty.
 Var Entered
 Var Installed
-; Is that the folder to install in, or to uninstall from?
+; Is the folder that is entered the one to install in, or to uninstall from?
 Var IsHere
+; Has anything been written, and was there no such folder before?
+Var HasBegun
+Var IsNewFolder
 ; Why nothing can be done, or empty.
 Var Obstacle
 
@@ -60,25 +65,89 @@ Var Obstacle
   ${EndIf}
 !macroend
 
-; Windows lets nobody write to a program that is running. Append changes nothing, but would make a file that is missing.
-!macro FindRunning FOLDER PROGRAM
-  ${If} ${FileExists} "${FOLDER}\${PROGRAM}"
-    ClearErrors
-    FileOpen $0 "${FOLDER}\${PROGRAM}" a
-    ${If} ${Errors}
-      StrCpy $Obstacle "Turf Desk is running. Close it and start again."
-    ${Else}
-      FileClose $0
-    ${EndIf}
+; Windows lets nobody write to a program that is running. 0x40010000 asks to write and to delete, 7 lets all others do
+; what they like, 3 opens only what is there, and 32 says that somebody else has it open.
+!macro FindInUse FILE
+  System::Call 'kernel32::CreateFileW(w "${FILE}", i 0x40010000, i 7, p 0, i 3, i 0, p 0) p .r0 ?e'
+  Pop $1
+  ${If} $0 P<> -1
+    System::Call 'kernel32::CloseHandle(p r0)'
+  ${ElseIf} $1 = 32
+    StrCpy $Obstacle "${FILE} is in use. Close Turf Desk, or what else has it open, and start again."
   ${EndIf}
 !macroend
 
-!macro FindRunningPrograms FOLDER
-  !insertmacro FindRunning "${FOLDER}" "TurfDesk.exe"
-  !insertmacro FindRunning "${FOLDER}" "turfctl.exe"
+; 0x400 is a link to a folder elsewhere, which the system would remove however full that is. -1 is nothing at all.
+!macro RemoveEmptyFolder FOLDER
+  System::Call 'kernel32::GetFileAttributesW(w "${FOLDER}") i .r0'
+  IntOp $0 $0 & 0x400
+  ${If} $0 = 0
+    RMDir "${FOLDER}"
+  ${EndIf}
 !macroend
 
-; A folder can be spelt in several ways; its short name is one.
+; Inserts the macro ACTION for the path of each file of the stage, or of each folder with those below it first.
+!macro ForEach KIND ACTION
+  !tempfile LIST
+  !system `cd "${STAGE}" && find . -depth -mindepth 1 -type ${KIND} ! -name turfdesk.ico | cut -c3- | sed 's,.*,!insertmacro Native ${ACTION} "&",' >"${LIST}"` = 0
+  !include "${LIST}"
+  !delfile "${LIST}"
+  !undef LIST
+!macroend
+!macro Native ACTION PATH
+  !searchreplace NATIVE_PATH "${PATH}" "/" "\"
+  !insertmacro ${ACTION} "${NATIVE_PATH}"
+  !undef NATIVE_PATH
+!macroend
+!macro ForEachFile ACTION
+  !insertmacro ForEach f ${ACTION}
+!macroend
+!macro ForEachFolder ACTION
+  !insertmacro ForEach d ${ACTION}
+!macroend
+
+!macro FindInstalledInUse PATH
+  !insertmacro FindInUse "$Installed\${PATH}"
+!macroend
+!macro FindFileForFolder PATH
+  ${If} ${FileExists} "$INSTDIR\${PATH}"
+  ${AndIfNot} ${FileExists} "$INSTDIR\${PATH}\*.*"
+    StrCpy $Obstacle "$INSTDIR\${PATH} has the name of a folder to be made. Give it another name and start again."
+  ${EndIf}
+!macroend
+; What was installed goes before this is called: a name that is taken is somebody's.
+!macro Place PATH
+  ${If} ${FileExists} "$INSTDIR\${PATH}"
+    Rename "$INSTDIR\${PATH}" "$INSTDIR\${PATH}.old"
+  ${EndIf}
+  Rename "$INSTDIR\${NEW}\${PATH}" "$INSTDIR\${PATH}"
+!macroend
+!macro MakeFolder PATH
+  CreateDirectory "$INSTDIR\${PATH}"
+!macroend
+!macro RemoveFile PATH
+  Delete "$INSTDIR\${PATH}"
+!macroend
+!macro RemoveFolder PATH
+  !insertmacro RemoveEmptyFolder "$INSTDIR\${PATH}"
+!macroend
+!macro RemoveNewFile PATH
+  Delete "$INSTDIR\${NEW}\${PATH}"
+!macroend
+!macro RemoveNewFolder PATH
+  !insertmacro RemoveEmptyFolder "$INSTDIR\${NEW}\${PATH}"
+!macroend
+
+; Deletes by name what was put there, and nothing else.
+!macro RemoveNew
+  !insertmacro ForEachFile RemoveNewFile
+  !insertmacro ForEachFolder RemoveNewFolder
+  Delete "$INSTDIR\${NEW}\Uninstall.exe"
+  Delete "$INSTDIR\${NEW}\${MARK}"
+  !insertmacro RemoveEmptyFolder "$INSTDIR\${NEW}"
+!macroend
+
+; A folder can be spelt in several ways; its short name is one, while it exists.
 !macro FindInstalled
   StrCpy $Installed ""
   StrCpy $IsHere 0
@@ -86,23 +155,28 @@ Var Obstacle
   ${If} $Entered != ""
     ${If} ${FileExists} "$Entered\TurfDesk.exe"
     ${OrIf} ${FileExists} "$Entered\Uninstall.exe"
-    ${OrIf} ${FileExists} "$Entered\${NEW}\*.*"
+    ${OrIf} ${FileExists} "$Entered\${NEW}\${MARK}"
       StrCpy $Installed $Entered
-      GetFullPathName /SHORT $0 $Installed
-      GetFullPathName /SHORT $1 $INSTDIR
-      ${If} $0 == $1
+    ${EndIf}
+    GetFullPathName /SHORT $0 $Entered
+    GetFullPathName /SHORT $1 $INSTDIR
+    ${If} $Entered == $INSTDIR
+    ${OrIf} $0 == $1
+      ${If} ${FileExists} "$INSTDIR\*.*"
         StrCpy $IsHere 1
       ${EndIf}
     ${EndIf}
   ${EndIf}
 !macroend
 
-; Other people's files may have the names of ours: a folder that is not ours has to be empty.
+; Other people's files may have the names of ours: a folder that is not ours has to be empty. An uninstaller that was
+; told its folder cannot delete itself.
 Function FindForeignFiles
   FindFirst $0 $1 "$INSTDIR\*.*"
   ${DoWhile} $1 != ""
     ${If} $1 != "."
     ${AndIf} $1 != ".."
+    ${AndIf} $1 != "Uninstall.exe"
     ${AndIf} $1 != "${NEW}"
       StrCpy $Obstacle "The folder $INSTDIR holds other files. Choose an empty folder, or a new one."
     ${EndIf}
@@ -117,8 +191,13 @@ Function FindObstacle
   ${If} $IsHere = 0
     Call FindForeignFiles
   ${EndIf}
+  ${If} ${FileExists} "$INSTDIR\${NEW}\*.*"
+  ${AndIfNot} ${FileExists} "$INSTDIR\${NEW}\${MARK}"
+    StrCpy $Obstacle "The folder $INSTDIR\${NEW} is somebody else's. Choose another folder."
+  ${EndIf}
+  !insertmacro ForEachFolder FindFileForFolder
   ${If} $Installed != ""
-    !insertmacro FindRunningPrograms "$Installed"
+    !insertmacro ForEachFile FindInstalledInUse
   ${EndIf}
 FunctionEnd
 
@@ -166,15 +245,15 @@ Function .onInit
   ${EndIf}
 FunctionEnd
 
-Function RemoveNew
-  ; No folder can go that somebody is in.
-  SetOutPath "$TEMP"
-  RMDir /r "$INSTDIR\${NEW}"
-  RMDir "$INSTDIR"
-FunctionEnd
-
 Function .onInstFailed
-  Call RemoveNew
+  ${If} $HasBegun = 1
+    ; No folder can go that somebody is in.
+    SetOutPath "$TEMP"
+    !insertmacro RemoveNew
+    ${If} $IsNewFolder = 1
+      !insertmacro RemoveEmptyFolder "$INSTDIR"
+    ${EndIf}
+  ${EndIf}
 FunctionEnd
 
 ; Where something is left from an attempt that broke off, the uninstaller may be missing: the new one does as well.
@@ -183,6 +262,8 @@ Function RemoveInstalled
   ${IfNot} ${FileExists} $2
     StrCpy $2 "$INSTDIR\${NEW}\Uninstall.exe"
   ${EndIf}
+  ; What it starts would have the new folder for its own, which then could not go.
+  SetOutPath "$TEMP"
   ClearErrors
   ExecWait '"$2" /S /UPDATE _?=$Installed' $0
   ${If} ${Errors}
@@ -191,45 +272,10 @@ Function RemoveInstalled
     !insertmacro StopAtObstacle
   ${EndIf}
   Delete "$Installed\Uninstall.exe"
-  RMDir "$Installed"
+  ${If} $IsHere = 0
+    !insertmacro RemoveEmptyFolder "$Installed"
+  ${EndIf}
 FunctionEnd
-
-; Inserts the macro ACTION for the path of each file of the stage, or of each folder with those below it first.
-!macro ForEach KIND ACTION
-  !tempfile LIST
-  !system `cd "${STAGE}" && find . -depth -mindepth 1 -type ${KIND} ! -name turfdesk.ico | cut -c3- | sed 's,.*,!insertmacro ${ACTION} "&",' >"${LIST}"` = 0
-  !include "${LIST}"
-  !delfile "${LIST}"
-  !undef LIST
-!macroend
-!macro ForEachFile ACTION
-  !insertmacro ForEach f ${ACTION}
-!macroend
-!macro ForEachFolder ACTION
-  !insertmacro ForEach d ${ACTION}
-!macroend
-
-; No file of somebody else's is replaced: a name that is taken is an error.
-!macro Place PATH
-  !searchreplace NATIVE_PATH "${PATH}" "/" "\"
-  Rename "$INSTDIR\${NEW}\${NATIVE_PATH}" "$INSTDIR\${NATIVE_PATH}"
-  !undef NATIVE_PATH
-!macroend
-!macro MakeFolder PATH
-  !searchreplace NATIVE_PATH "${PATH}" "/" "\"
-  CreateDirectory "$INSTDIR\${NATIVE_PATH}"
-  !undef NATIVE_PATH
-!macroend
-!macro RemoveFile PATH
-  !searchreplace NATIVE_PATH "${PATH}" "/" "\"
-  Delete "$INSTDIR\${NATIVE_PATH}"
-  !undef NATIVE_PATH
-!macroend
-!macro RemoveFolder PATH
-  !searchreplace NATIVE_PATH "${PATH}" "/" "\"
-  RMDir "$INSTDIR\${NATIVE_PATH}"
-  !undef NATIVE_PATH
-!macroend
 
 Section "Turf Desk"
   SetRegView 64
@@ -241,10 +287,18 @@ Section "Turf Desk"
   ${EndIf}
 
   ; Until all is on the disk, whatever is installed stays as it is.
-  RMDir /r "$INSTDIR\${NEW}"
-  ClearErrors
+  StrCpy $IsNewFolder 0
+  ${IfNot} ${FileExists} "$INSTDIR\*.*"
+    StrCpy $IsNewFolder 1
+  ${EndIf}
+  StrCpy $HasBegun 1
+  ; Left by an attempt that broke off.
+  !insertmacro RemoveNew
   SetOutPath "$INSTDIR\${NEW}"
   SetOverwrite try
+  ClearErrors
+  FileOpen $0 "$INSTDIR\${NEW}\${MARK}" w
+  FileClose $0
   File /r /x turfdesk.ico "${STAGE}/*"
   WriteUninstaller "$INSTDIR\${NEW}\Uninstall.exe"
   ${If} ${Errors}
@@ -261,11 +315,11 @@ Section "Turf Desk"
   ${EndIf}
 
   ; First what tells that the folder is ours: whatever happens below, it can be installed again or uninstalled.
+  WriteRegStr HKLM "${UNINSTALL_KEY}" "InstallLocation" "$INSTDIR"
   WriteRegStr HKLM "${UNINSTALL_KEY}" "DisplayName" "Turf Desk"
   WriteRegStr HKLM "${UNINSTALL_KEY}" "DisplayVersion" "${VERSION}"
   WriteRegStr HKLM "${UNINSTALL_KEY}" "DisplayIcon" "$INSTDIR\TurfDesk.exe"
   WriteRegStr HKLM "${UNINSTALL_KEY}" "Publisher" "Turf Desk contributors"
-  WriteRegStr HKLM "${UNINSTALL_KEY}" "InstallLocation" "$INSTDIR"
   WriteRegStr HKLM "${UNINSTALL_KEY}" "UninstallString" '"$INSTDIR\Uninstall.exe"'
   WriteRegStr HKLM "${UNINSTALL_KEY}" "QuietUninstallString" '"$INSTDIR\Uninstall.exe" /S'
   WriteRegDWORD HKLM "${UNINSTALL_KEY}" "NoModify" 1
@@ -281,7 +335,7 @@ Section "Turf Desk"
     StrCpy $Obstacle "Some files could not be written to $INSTDIR. Start again."
     !insertmacro StopAtObstacle
   ${EndIf}
-  RMDir /r "$INSTDIR\${NEW}"
+  !insertmacro RemoveNew
 
   CreateShortcut "$SMPROGRAMS\Turf Desk.lnk" "$INSTDIR\TurfDesk.exe"
   !insertmacro TakeTypes
@@ -297,29 +351,29 @@ Section "Uninstall"
   ${If} $IsHere = 0
     StrCpy $Obstacle "Turf Desk is not installed in $INSTDIR. Nothing was removed."
   ${EndIf}
-  !insertmacro FindRunningPrograms "$INSTDIR"
+  ${If} $Installed != ""
+    !insertmacro ForEachFile FindInstalledInUse
+  ${EndIf}
   !insertmacro StopAtObstacle
 
   ClearErrors
-  Delete "$INSTDIR\TurfDesk.exe"
-  Delete "$INSTDIR\turfctl.exe"
+  !insertmacro ForEachFile RemoveFile
   ${If} ${Errors}
-    StrCpy $Obstacle "The programs could not be deleted. Close Turf Desk and start again."
+    StrCpy $Obstacle "Some files could not be deleted. Close Turf Desk and start again."
     !insertmacro StopAtObstacle
   ${EndIf}
-  ; The paths as they were entered, however this folder was spelt now.
-  !insertmacro GiveTypesBack "$Installed"
-  Delete "$SMPROGRAMS\Turf Desk.lnk"
-  !insertmacro ForEachFile RemoveFile
   !insertmacro ForEachFolder RemoveFolder
-  ; Left by an installation that broke off, or what is to be installed next.
+  ; The paths as they were entered, however this folder was spelt now.
+  !insertmacro GiveTypesBack "$Entered"
+  Delete "$SMPROGRAMS\Turf Desk.lnk"
+  ; An update enters what it installs, and goes on from where it was stopped by the entry.
   ${GetParameters} $0
   ClearErrors
   ${GetOptions} $0 "/UPDATE" $1
   ${If} ${Errors}
-    RMDir /r "$INSTDIR\${NEW}"
+    !insertmacro RemoveNew
+    Delete "$INSTDIR\Uninstall.exe"
+    !insertmacro RemoveEmptyFolder "$INSTDIR"
+    DeleteRegKey HKLM "${UNINSTALL_KEY}"
   ${EndIf}
-  Delete "$INSTDIR\Uninstall.exe"
-  RMDir "$INSTDIR"
-  DeleteRegKey HKLM "${UNINSTALL_KEY}"
 SectionEnd
