@@ -30,11 +30,9 @@ bool LibraryUsedByOtherCourse(SharedState &state, std::string_view libraryKey, s
 }
 
 bool IsOrphanOfCourse(SharedState &state, std::string_view libraryKey, std::string_view courseKey) {
-  if (!state.allCoursesListed)
-    return false;
   const bool usedElsewhere = LibraryUsedByOtherCourse(state, libraryKey, courseKey);
   const bool catalogued = LibraryKeyExists(state, libraryKey);
-  return !usedElsewhere && catalogued;
+  return !usedElsewhere && catalogued && state.allCoursesListed;
 }
 
 std::int32_t ListCoursesUsingLibrary(const ListView &courses, std::vector<std::string> &names,

@@ -83,13 +83,13 @@ ExitStatus SetSetting(CommandContext &context, const std::string &name, const st
 ExitStatus GetTreeValue(CommandContext &context, const std::string &key, const std::string &name) {
   std::string content;
   bool found = false;
-  Guarded(context.state, "", [&] {
+  const bool read = Guarded(context.state, "", [&] {
     found = RegistryValueExists(context.state, LocalMachine, key, name);
     content = GetRegistryValue(context.state, LocalMachine, key, name, "");
     if (!found)
       ShowError(context.state, "There is no value of this name." + Newlines(2) + key + Newlines(1) + name);
   });
-  if (!found)
+  if (!read || !found)
     return ReportOperation(context, false, "");
   Print(context, {{"key", key}, {"name", name}, {"value", content}}, content + "\n");
   return ExitStatus::Done;
@@ -103,13 +103,13 @@ ExitStatus SetTreeValue(CommandContext &context, const std::string &key, const s
 ExitStatus ListTreeKeys(CommandContext &context, const std::string &key) {
   StringList names;
   bool found = false;
-  Guarded(context.state, "", [&] {
+  const bool read = Guarded(context.state, "", [&] {
     found = RegistryKeyExists(context.state, LocalMachine, key);
     names = GetSubkeys(context.state, LocalMachine, key);
     if (!found)
       ShowError(context.state, "There is no such key." + Newlines(2) + key);
   });
-  if (!found)
+  if (!read || !found)
     return ReportOperation(context, false, "");
   std::string text;
   for (const std::string &name : names)

@@ -51,6 +51,10 @@ void OfferOrphans(SharedState &state, std::string_view courseKey, std::string_vi
 }
 
 bool UsersAccept(SharedState &state, std::string_view libraryKey) {
+  if (!state.allCoursesListed) {
+    ShowError(state, "Some courses could not be read, and may use this library. It is kept.");
+    return false;
+  }
   std::vector<std::string> courses;
   ListCoursesUsingLibrary(state.lstCourses, courses, libraryKey);
   for (const std::string &course : courses)

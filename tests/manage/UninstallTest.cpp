@@ -100,7 +100,7 @@ TEST_F(UninstallTest, AnOrphanIsALibraryThatIsCataloguedAndThatNoOtherCourseList
   EXPECT_EQ(Boxes(), Texts{"No courses installed."});
 }
 
-TEST_F(UninstallTest, NoLibraryIsAnOrphanWhileACourseIsMissingFromTheList) {
+TEST_F(UninstallTest, NoLibraryGoesWhileACourseIsMissingFromTheList) {
   world.registry.wrongType = "Filename";
   world.registry.rightTypes = 1;
   LoadCourses(world.state);
@@ -109,6 +109,10 @@ TEST_F(UninstallTest, NoLibraryIsAnOrphanWhileACourseIsMissingFromTheList) {
   ASSERT_EQ(world.state.lstCourses.Count(), 1U);
   EXPECT_TRUE(Course(world.oakKey, {true}));
   EXPECT_EQ(Boxes(), (Texts{Sure("Oak"), "Oak\r\n\r\nCourse was successfully uninstalled."})) << "Old Elm needs Water";
+  EXPECT_FALSE(Library(world.waterKey, {true, true}));
+  EXPECT_EQ(Boxes(),
+            (Texts{SureOfLibrary("Water"), "Some courses could not be read, and may use this library. It is kept.",
+                   "Unable to uninstall library."}));
 }
 
 TEST_F(UninstallTest, ALibraryAsksOnceForEachCourseThatUsesIt) {
