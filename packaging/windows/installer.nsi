@@ -283,7 +283,7 @@ Section "Turf Desk"
   Call FindObstacle
   !insertmacro StopAtObstacle
   ${If} $IsHere = 1
-    StrCpy $INSTDIR $Installed
+    StrCpy $INSTDIR $Entered
   ${EndIf}
 
   ; Until all is on the disk, whatever is installed stays as it is.
@@ -310,7 +310,7 @@ Section "Turf Desk"
   ${If} $Installed != ""
     Call RemoveInstalled
   ${ElseIf} $Entered != ""
-    ; Its folder was deleted by hand.
+    ; Its files were deleted by hand.
     !insertmacro GiveTypesBack "$Entered"
   ${EndIf}
 
