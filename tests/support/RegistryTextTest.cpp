@@ -103,9 +103,11 @@ TEST(RegistryTextTest, ReadsEveryFormOfAValue) {
       {"\"m\"=\"one\r\n[two]\n\n\" ", "m=one\r\n[two]\n\n"},
       {"\"na\nme\"=\"x\"", "na\nme=x"},
   };
-  for (const auto &[line, expected] : cases)
-    EXPECT_EQ(Statements(header + key + line + "\n\"last\"=-"),
-              (Texts{R"([HKEY_LOCAL_MACHINE\K])", expected, "last=-"}));
+  for (const auto &[line, expected] : cases) {
+    std::string text = header;
+    text.append(key).append(line).append("\n\"last\"=-");
+    EXPECT_EQ(Statements(text), (Texts{R"([HKEY_LOCAL_MACHINE\K])", expected, "last=-"}));
+  }
 }
 
 TEST(RegistryTextTest, ReadsKeysAsTheyStand) {
@@ -116,8 +118,11 @@ TEST(RegistryTextTest, ReadsKeysAsTheyStand) {
       {"[HKEY_CURRENT_USER\\a]b;\"=@\\]", "[HKEY_CURRENT_USER\\a]b;\"=@]"},
       {deep, deep},
   };
-  for (const auto &[line, expected] : cases)
-    EXPECT_EQ(Statements("\n" + header + "; comment\n\n" + line), Texts{expected});
+  for (const auto &[line, expected] : cases) {
+    std::string text = "\n";
+    text.append(header).append("; comment\n\n").append(line);
+    EXPECT_EQ(Statements(text), Texts{expected});
+  }
 }
 
 TEST(RegistryTextTest, ReadsEveryEncoding) {

@@ -193,18 +193,19 @@ TEST_F(WindowsFilesTest, TheTempFolderLiesWhereThereIsAPlaceForOne) {
   const struct {
     std::string tmp;
     std::string temp;
-    std::string parent;
+    std::string prefix;
   } cases[] = {
       {"C:\\", "", "C:\\"},
-      {tooLongForSome, "", tooLongForSome},
-      {"C:\\Missing", "C:\\Temp", "C:\\Temp"},
-      {"Q:\\", "", ToUtf8(_wgetenv(L"SystemRoot")) + "\\Temp"},
+      {tooLongForSome, "", tooLongForSome + "\\"},
+      {"C:\\Missing", "C:\\Temp", "C:\\Temp\\"},
+      {"Q:\\", "", ToUtf8(_wgetenv(L"SystemRoot")) + "\\Temp\\"},
   };
   for (const auto &each : cases) {
     const Variable tmp(L"TMP", each.tmp);
     const Variable temp(L"TEMP", each.temp);
     Run(mProgram, {"temp", "", "C:\\made", "C:\\Temp"});
-    EXPECT_EQ(FileService::GetPathPart(Content("C:\\made")), each.parent);
+    const std::string made = Content("C:\\made");
+    EXPECT_EQ(made.substr(0, made.find("turfdesk-temp-")), each.prefix);
   }
 }
 
