@@ -46,7 +46,9 @@ TEST_F(TurfctlTest, AnswersComeFromWhereTheUserSays) {
                                                                            {"--ask ", "yes\n", 1, 2},
                                                                            {"--ask ", "Y\r\nOK\n", 0, 2}};
   for (const auto &[option, input, status, questions] : cases) {
-    const Outcome outcome = Run("--json " + option + install, input);
+    std::string arguments = "--json ";
+    arguments.append(option).append(install);
+    const Outcome outcome = Run(arguments, input);
     EXPECT_EQ(outcome.status, status) << option << input;
     EXPECT_EQ(outcome.Boxes().size(), questions) << outcome.output;
   }

@@ -5,6 +5,7 @@
 
 #include <windows.h>
 
+#include <bit>
 #include <cstddef>
 #include <stdexcept>
 #include <utility>
@@ -32,8 +33,7 @@ Routine Replace(const std::string &name, Routine ours) {
         continue;
       DWORD protection = 0;
       VirtualProtect(places, sizeof(*places), PAGE_READWRITE, &protection);
-      const auto real =
-          reinterpret_cast<Routine>(std::exchange(places->u1.Function, reinterpret_cast<ULONGLONG>(ours)));
+      const auto real = std::bit_cast<Routine>(std::exchange(places->u1.Function, reinterpret_cast<ULONGLONG>(ours)));
       VirtualProtect(places, sizeof(*places), protection, &protection);
       return real;
     }
