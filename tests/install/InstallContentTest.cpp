@@ -90,7 +90,7 @@ TEST_F(InstallContentTest, DecisionTable) {
       if (c.words == replace)
         words = {kind + replace + target};
       if (c.words == refuse)
-        words = {"This " + std::string(isCourse ? "course" : "library") + refuse + target};
+        words = {std::string(isCourse ? "This course" : "This library").append(refuse).append(target)};
       const auto nameNow = [&] { return (isCourse ? GetCourseName : GetLibraryName)(state, key); };
       const char *const destination = c.inPlace ? "" : Destination;
       if (!words.empty()) {
