@@ -88,7 +88,7 @@ TEST_F(InstallContentTest, DecisionTable) {
         samples::WriteFile(world.Host(target), samples::ToBytes("another file"));
       Texts words;
       if (c.words == replace)
-        words = {kind + replace + target};
+        words = {std::string(kind).append(replace).append(target)};
       if (c.words == refuse)
         words = {std::string(isCourse ? "This course" : "This library").append(refuse).append(target)};
       const auto nameNow = [&] { return (isCourse ? GetCourseName : GetLibraryName)(state, key); };
