@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: MIT
 # One library for each layer, so that the link lines say who may use whom.
+include(TurfDeskHardening)
 
 if(MSVC)
   set(TURFDESK_WARNINGS /W4 /permissive- /utf-8)
@@ -11,7 +12,8 @@ endif()
 
 function(turfdesk_settings target)
   target_include_directories(${target} PUBLIC ${CMAKE_SOURCE_DIR}/src)
-  target_compile_options(${target} PRIVATE ${TURFDESK_WARNINGS})
+  target_compile_options(${target} PRIVATE ${TURFDESK_WARNINGS} ${TURFDESK_HARDENED})
+  target_link_options(${target} PRIVATE ${TURFDESK_HARDENED_LINK})
   if(TURFDESK_WERROR)
     target_compile_options(${target} PRIVATE ${TURFDESK_WARNINGS_AS_ERRORS})
   endif()
@@ -41,7 +43,7 @@ function(turfdesk_test name)
   turfdesk_program(${name} SOURCES ${ARG_SOURCES} USES ${ARG_USES} GTest::gtest_main)
   if(NOT MSVC)
     # What is tested is optimised; optimising the tests too would take half of their compile time.
-    target_compile_options(${name} PRIVATE -O0)
+    target_compile_options(${name} PRIVATE -O0 -U_FORTIFY_SOURCE)
   endif()
   if(WIN32)
     add_test(NAME ${name} COMMAND ${name})

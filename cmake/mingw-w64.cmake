@@ -9,9 +9,10 @@ set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)
 set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
 set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
 
-# Windows 10 is the oldest system that is served. The programs need no library of the compiler beside them.
-set(CMAKE_C_FLAGS_INIT "-D_WIN32_WINNT=0x0A00")
-set(CMAKE_CXX_FLAGS_INIT "-D_WIN32_WINNT=0x0A00")
+# Windows 10 is the oldest system that is served. The libraries are hardened like what is linked with them: they see files
+# of strangers first. The programs need no library of the compiler beside them.
+set(CMAKE_C_FLAGS_INIT "-D_WIN32_WINNT=0x0A00 -fstack-protector-strong -D_FORTIFY_SOURCE=2")
+set(CMAKE_CXX_FLAGS_INIT "${CMAKE_C_FLAGS_INIT}")
 set(CMAKE_EXE_LINKER_FLAGS_INIT "-static")
 
 list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES CMAKE_PREFIX_PATH)
