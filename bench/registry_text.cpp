@@ -59,7 +59,7 @@ private:
 void Run(const Options &options) {
   constexpr int growth = 20;
   const int least = options.quick ? 400 : 4000;
-  const WorkFolder folder(options.folder);
+  WorkFolder folder(options.folder);
   const auto import = [&folder](int values, int times) {
     double seconds = 0;
     for (int i = 0; i < times; ++i) {
