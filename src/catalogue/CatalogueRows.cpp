@@ -45,6 +45,10 @@ void FillCourseRow(SharedState &state, std::string_view courseKey, Row &row) {
   // The list of a large catalogue spends its time here: one opening of the file serves its size and its libraries.
   CourseFile course(state);
   std::string libraries = ReadLibraryList(state, course, filename);
+  if (course.IsOutOfReach())
+    state.coursesOutOfReach.insert_or_assign(std::string(courseKey), course.LastError());
+  else
+    state.coursesOutOfReach.erase(std::string(courseKey));
   SetSize(row, course.FileSize() > 0 ? static_cast<double>(course.FileSize()) : GetFileSize(state, filename));
   row.SetSubItems(column::Libraries, std::move(libraries));
   row.SetSubItems(column::Picture, GetCoursePicture(state, courseKey));

@@ -25,7 +25,8 @@ inline constexpr int Text = 7;
 } // namespace column
 
 /// Fills Tag and columns from the catalogue, opening the course file for its library list. A course whose file is
-/// missing or unreadable has an empty library list. Text stays the caller's.
+/// missing or unreadable has an empty library list; one that may be there is noted in coursesOutOfReach. Text stays the
+/// caller's.
 void FillCourseRow(SharedState &state, std::string_view courseKey, Row &row);
 
 /// Fills Tag and columns from the catalogue. The library file is not opened.

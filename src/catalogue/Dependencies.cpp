@@ -9,6 +9,8 @@
 #include "support/StringTable.h"
 #include "support/basVorinString.h"
 
+#include <utility>
+
 namespace turfdesk {
 
 namespace {
@@ -16,6 +18,21 @@ namespace {
 // Keys have one fixed form with braces, so a part of the list that equals a key is that whole key.
 bool Lists(const Row &course, std::string_view libraryKey) {
   return course.SubItems(column::Libraries).find(libraryKey) != std::string::npos;
+}
+
+void TellCoursesOutOfReach(SharedState &state) {
+  std::string words;
+  for (const auto &[key, reason] : state.coursesOutOfReach)
+    if (const Row *course = state.lstCourses.FindKey(key))
+      words += Newlines(1) + course->Text() + ": " + reason;
+  if (!words.empty())
+    ShowInfo(state, "These courses could not be read, and may use the libraries that you are asked about." +
+                        Newlines(1) + words);
+}
+
+bool AskAboutOrphan(SharedState &state, std::string_view libraryKey, std::string_view question) {
+  return AskYesNo(state, LoadResString(StringId::CourseAloneUsesLibrary) + Newlines(2) +
+                             GetLibraryName(state, libraryKey) + Newlines(2) + std::string(question));
 }
 
 } // namespace
@@ -55,9 +72,17 @@ std::int32_t ListLibrariesInCourse(SharedState &state, const Row &course, ListVi
   return static_cast<std::int32_t>(keys.size());
 }
 
-bool AskAboutOrphan(SharedState &state, std::string_view libraryKey, std::string_view question) {
-  return AskYesNo(state, LoadResString(StringId::CourseAloneUsesLibrary) + Newlines(2) +
-                             GetLibraryName(state, libraryKey) + Newlines(2) + std::string(question));
+void OfferOrphans(SharedState &state, std::string_view courseKey, std::string_view libraryList,
+                  std::string_view question, const std::function<void(const std::string &libraryKey)> &agreed) {
+  bool isFirst = true;
+  for (const std::string &libraryKey : ParseList(libraryList)) {
+    if (!IsOrphanOfCourse(state, libraryKey, courseKey))
+      continue;
+    if (std::exchange(isFirst, false))
+      TellCoursesOutOfReach(state);
+    if (AskAboutOrphan(state, libraryKey, question))
+      agreed(libraryKey);
+  }
 }
 
 } // namespace turfdesk

@@ -7,6 +7,7 @@
 #include "support/SharedState.h"
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,7 +32,10 @@ std::int32_t ListCoursesUsingLibrary(const ListView &courses, std::vector<std::s
 /// names one library twice is RuntimeError 35602.
 std::int32_t ListLibrariesInCourse(SharedState &state, const Row &course, ListView &libraries);
 
-/// Asks the user about an orphan; question is such as "Do you wish to delete it?".
-bool AskAboutOrphan(SharedState &state, std::string_view libraryKey, std::string_view question);
+/// Asks the user about each library of the list that is an orphan of the course when its turn comes, and calls a
+/// routine with those that he agrees to. question is such as "Do you wish to delete it?". Courses that could not be
+/// read are named before the first one, since they may use it.
+void OfferOrphans(SharedState &state, std::string_view courseKey, std::string_view libraryList,
+                  std::string_view question, const std::function<void(const std::string &libraryKey)> &agreed);
 
 } // namespace turfdesk

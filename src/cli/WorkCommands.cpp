@@ -82,7 +82,7 @@ bool PrepareRequest(CommandContext &context, const CompressOptions &options, Com
   SharedState &state = context.state;
   if (!ListHasItems(state, ActiveCourses))
     return false;
-  const Row *course = FindByKeyOrName(context, state.lstCourses, options.course, "course");
+  Row *course = FindByKeyOrName(context, state.lstCourses, options.course, "course");
   if (course == nullptr || !CourseMayBeCompressed(state, *course))
     return false;
   ListView libraries;

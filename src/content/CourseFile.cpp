@@ -18,6 +18,11 @@ namespace {
 // A count is only a claim; memory for more is taken as the list turns out to be that long.
 constexpr std::int16_t UsualLibraries = 64;
 
+/// Does the number tell of the content, or of a path that no file can have, and not of what keeps it from being read?
+bool IsFaultOfFile(ErrorNumber number) {
+  return number == ErrorNumber::InputPastEnd || number == ErrorNumber::Overflow || number == ErrorNumber::BadFileName;
+}
+
 /// 16 N is a 16-bit number for the game, so a course lists at most 2047 libraries.
 std::int32_t GuidListSize(std::int16_t count) {
   const std::int32_t size = header::GuidLength * count;
@@ -31,15 +36,23 @@ std::int32_t GuidListSize(std::int16_t count) {
 bool CourseFile::ReadFile() {
   try {
     const auto file = mState.platform.Files().OpenForBinaryRead(FileName);
-    if (file == nullptr)
+    if (file == nullptr) {
+      mIsOutOfReach = mState.fileService->FileMayExist(FileName);
+      if (mIsOutOfReach)
+        mLastError = ErrorText(ErrorNumber::DiskNotReady);
       return false;
+    }
     mFileSize = file->Size();
     ReadFields(*file);
     return true;
-  } catch (const std::exception &error) {
-    mLastError = error.what();
-    return false;
+  } catch (const RuntimeError &error) {
+    mIsOutOfReach = !IsFaultOfFile(error.Number());
+    mLastError = error.Description();
+  } catch (const std::exception &) {
+    mIsOutOfReach = true;
+    mLastError = ErrorText(ErrorNumber::OutOfMemory);
   }
+  return false;
 }
 
 void CourseFile::ReadFields(BinaryFile &file) {

@@ -25,6 +25,9 @@ public:
   bool ReadFile();
 
   const std::string &LastError() const { return mLastError; }
+  /// Did ReadFile fail for a reason that lies outside the file and may pass, such as missing rights or a drive that is
+  /// not ready? A missing or malformed file is none. LastError tells the reason.
+  bool IsOutOfReach() const { return mIsOutOfReach; }
   /// The course's display name.
   const std::string &Name() const { return mName; }
   /// The course's identity, as FieldReader::ReadGUID gives it.
@@ -44,6 +47,7 @@ private:
 
   SharedState &mState;
   std::string mLastError;
+  bool mIsOutOfReach = false;
   std::string mName;
   std::string mGUID;
   std::uint64_t mFileSize = 0;

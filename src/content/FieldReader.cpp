@@ -12,9 +12,6 @@ namespace turfdesk {
 
 namespace {
 
-// Far above what 2047 libraries need. A list that never ends must not fill the memory with a file of any size.
-constexpr std::size_t LargestNamesList = std::size_t{16} * 1024 * 1024;
-
 // Windows-1252 between 0x80 and 0x9F; everywhere else a byte is its own code point. The five bytes that the code page
 // leaves open stand for the control characters of the same number.
 constexpr std::array<char16_t, 32> Windows1252Specials = {
@@ -47,23 +44,16 @@ std::string FieldReader::ReadString(std::int32_t length) {
         AppendAsUtf8(text, byte);
     return text;
   }
-  while (const std::uint8_t byte = ReadByte()) {
-    if (text.size() > LargestNamesList)
-      throw RuntimeError(ErrorNumber::Overflow);
+  while (const std::uint8_t byte = ReadByte())
     AppendAsUtf8(text, byte);
-  }
   return text;
 }
 
 std::vector<std::string> FieldReader::ReadStringList() {
   std::vector<std::string> texts;
-  std::size_t totalSize = 0;
   for (int emptyAtStart = 0; emptyAtStart < 2;) {
     std::string text = ReadString(0);
     if (!text.empty()) {
-      totalSize += text.size() + sizeof(std::string);
-      if (totalSize > LargestNamesList)
-        throw RuntimeError(ErrorNumber::Overflow);
       texts.push_back(std::move(text));
     } else if (!texts.empty()) {
       break;

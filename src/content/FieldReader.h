@@ -25,7 +25,7 @@ public:
   /// With 0 or less the bytes up to and including the first NUL.
   std::string ReadString(std::int32_t length);
   /// Terminated texts up to and including the empty text that ends the list. One empty text ahead of the first name is
-  /// passed over. No names give an empty list. Throws RuntimeError 6 for a list larger than any header can need.
+  /// passed over. No names give an empty list. Nothing but the end of the file bounds it.
   std::vector<std::string> ReadStringList();
   /// Drops that many bytes.
   void SkipBytes(std::int32_t count);

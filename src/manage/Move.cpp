@@ -134,13 +134,10 @@ bool MoveOrphan(SharedState &state, const std::string &libraryKey, Journey &jour
 }
 
 /// A library that fails does not keep the others from being asked about.
-bool OfferOrphans(SharedState &state, const Row &course, Journey &journey) {
-  const std::string &courseKey = course.Tag();
+bool MoveOrphans(SharedState &state, const Row &course, Journey &journey) {
   bool moved = true;
-  for (const std::string &libraryKey : ParseList(course.SubItems(column::Libraries)))
-    if (IsOrphanOfCourse(state, libraryKey, courseKey) &&
-        AskAboutOrphan(state, libraryKey, LoadResString(StringId::WishToMove)))
-      moved = MoveOrphan(state, libraryKey, journey) && moved;
+  OfferOrphans(state, course.Tag(), course.SubItems(column::Libraries), LoadResString(StringId::WishToMove),
+               [&](const std::string &libraryKey) { moved = MoveOrphan(state, libraryKey, journey) && moved; });
   return moved;
 }
 
@@ -179,7 +176,7 @@ bool MoveCourse(SharedState &state, Row &row, std::string_view destination, Labe
     return false;
   }
   Journey journey{std::string(destination), fileLabel, routeLabel, {}};
-  return MoveFiles(state, row, journey) && OfferOrphans(state, row, journey);
+  return MoveFiles(state, row, journey) && MoveOrphans(state, row, journey);
 }
 
 bool MoveLibrary(SharedState &state, Row &row, std::string_view destination, Label &fileLabel, Label &routeLabel) {

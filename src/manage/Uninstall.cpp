@@ -23,10 +23,27 @@ namespace turfdesk {
 
 namespace {
 
-void DeleteIfThere(SharedState &state, const std::string &path) {
-  if (FileExists(state, path))
-    DeleteFile(state, path);
-}
+/// The files that an uninstall had to leave, with the reasons.
+class FilesLeft {
+public:
+  explicit FilesLeft(SharedState &state) : mState(state) {}
+
+  void Delete(const std::string &path) { Note(path, DeleteIfThere(mState, path)); }
+
+  void Note(const std::string &path, bool isGone) {
+    if (!isGone)
+      mWords += Newlines(1) + path + ": " + GetLastFileError(mState);
+  }
+
+  void Tell() const {
+    if (!mWords.empty())
+      ShowError(mState, "These files could not be deleted." + Newlines(1) + mWords);
+  }
+
+private:
+  SharedState &mState;
+  std::string mWords;
+};
 
 /// Files cannot be brought back, so the key that goes last is looked at first.
 bool KeyMayGo(SharedState &state, const std::string &entryKey) {
@@ -43,13 +60,6 @@ void RemoveRow(ListView &list, std::string_view key) {
     list.Remove(*row);
 }
 
-void OfferOrphans(SharedState &state, std::string_view courseKey, std::string_view libraryList) {
-  for (const std::string &libraryKey : ParseList(libraryList))
-    if (IsOrphanOfCourse(state, libraryKey, courseKey) &&
-        AskAboutOrphan(state, libraryKey, LoadResString(StringId::WishToDelete)))
-      UninstallLibrary(state, libraryKey, false);
-}
-
 bool UsersAccept(SharedState &state, std::string_view libraryKey) {
   if (!state.allCoursesListed) {
     ShowError(state, "Some courses could not be read, and may use this library. It is kept.");
@@ -61,6 +71,19 @@ bool UsersAccept(SharedState &state, std::string_view libraryKey) {
     if (!AskYesNo(state, LoadResString(StringId::LibraryUsedByCourses) + Newlines(2) + course + Newlines(2) +
                              LoadResString(StringId::WishToContinue)))
       return false;
+  return true;
+}
+
+bool DeleteLibrary(SharedState &state, std::string_view libraryKey, bool askIfUsed, FilesLeft &left) {
+  const std::string entryKey = LibraryEntryKey(libraryKey);
+  const std::string libraryFile = GetLibraryFilename(state, libraryKey);
+  if ((askIfUsed && !UsersAccept(state, libraryKey)) || !KeyMayGo(state, entryKey))
+    return false;
+  left.Delete(libraryFile);
+  if (!DeleteEntry(state, entryKey))
+    return false;
+  left.Note(LibrarySwapFilePath(state, libraryKey), DeleteLibrarySwapFile(state, libraryKey));
+  RemoveRow(state.lstLibraries, libraryKey);
   return true;
 }
 
@@ -119,28 +142,25 @@ bool UninstallCourse(SharedState &state, std::string_view courseKey, std::string
   const std::string courseFile = GetCourseFilename(state, courseKey);
   if (!KeyMayGo(state, entryKey))
     return false;
+  FilesLeft left(state);
   for (const std::string &path : media)
-    DeleteIfThere(state, path);
-  DeleteCourseStats(state, courseKey);
-  OfferOrphans(state, courseKey, libraryList);
-  DeleteIfThere(state, courseFile);
-  if (!DeleteEntry(state, entryKey))
-    return false;
-  RemoveRow(state.lstCourses, courseKey);
-  return true;
+    left.Delete(path);
+  left.Note(CourseStatsPath(state, courseKey), DeleteCourseStats(state, courseKey));
+  OfferOrphans(state, courseKey, libraryList, LoadResString(StringId::WishToDelete),
+               [&](const std::string &libraryKey) { DeleteLibrary(state, libraryKey, false, left); });
+  left.Delete(courseFile);
+  const bool gone = DeleteEntry(state, entryKey);
+  if (gone)
+    RemoveRow(state.lstCourses, courseKey);
+  left.Tell();
+  return gone;
 }
 
 bool UninstallLibrary(SharedState &state, std::string_view libraryKey, bool askIfUsed) {
-  const std::string entryKey = LibraryEntryKey(libraryKey);
-  const std::string libraryFile = GetLibraryFilename(state, libraryKey);
-  if ((askIfUsed && !UsersAccept(state, libraryKey)) || !KeyMayGo(state, entryKey))
-    return false;
-  DeleteIfThere(state, libraryFile);
-  if (!DeleteEntry(state, entryKey))
-    return false;
-  DeleteLibrarySwapFile(state, libraryKey);
-  RemoveRow(state.lstLibraries, libraryKey);
-  return true;
+  FilesLeft left(state);
+  const bool gone = DeleteLibrary(state, libraryKey, askIfUsed, left);
+  left.Tell();
+  return gone;
 }
 
 } // namespace turfdesk

@@ -99,10 +99,19 @@ bool WritePackage(SharedState &state, ZipLayer &zip, StatusWindow &window) {
 
 } // namespace
 
-bool CourseMayBeCompressed(SharedState &state, const Row &course) {
-  if (!ArrayContains(course.Tag(), state.noCompressCourses))
+bool CourseMayBeCompressed(SharedState &state, Row &course) {
+  if (ArrayContains(course.Tag(), state.noCompressCourses)) {
+    ShowInfo(state, LoadResString(StringId::CourseNotCompressible));
+    return false;
+  }
+  if (!state.coursesOutOfReach.contains(course.Tag()))
     return true;
-  ShowInfo(state, LoadResString(StringId::CourseNotCompressible));
+  // The row names no libraries, and a package without them would be of no use. By now the file may be in reach.
+  FillCourseRow(state, std::string(course.Tag()), course);
+  const auto reason = state.coursesOutOfReach.find(course.Tag());
+  if (reason == state.coursesOutOfReach.end())
+    return true;
+  ShowError(state, course.SubItems(column::Filename) + Newlines(2) + reason->second);
   return false;
 }
 

@@ -31,8 +31,9 @@ struct CompressRequest {
 // What a user reviews before a package is written. course is a row of lstCourses; libraries is a list of its libraries,
 // whose check boxes say which go in.
 
-/// May the course be packed at all? One that may not is told to the user.
-bool CourseMayBeCompressed(SharedState &state, const Row &course);
+/// May the course be packed at all? One that may not is told to the user. A row that was filled while the course could
+/// not be read is filled anew where that can be done by now.
+bool CourseMayBeCompressed(SharedState &state, Row &course);
 
 /// Caption of the review of a course.
 std::string CompressCaption(const Row &course);

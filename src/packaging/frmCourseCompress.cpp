@@ -90,7 +90,7 @@ void frmCourseCompress::btnCompress_Click() {
 }
 
 void OpenCompressDialog(SharedState &state, QWidget &window) {
-  const Row *course = SelectedRow(state, ActiveCourses);
+  Row *course = SelectedRow(state, ActiveCourses);
   if (course == nullptr || !CourseMayBeCompressed(state, *course))
     return;
   frmCourseCompress dialog(state, *course, &window);

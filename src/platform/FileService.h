@@ -39,6 +39,9 @@ public:
   virtual bool DirExists(std::string_view path) = 0;
   /// True for a file of any kind that is no directory.
   virtual bool FileExists(std::string_view path) = 0;
+  /// False only when it is known that there is no such file. Where the way to it is closed, its drive not ready or its
+  /// device failing, it may be there though FileExists gives false.
+  virtual bool FileMayExist(std::string_view path) = 0;
   /// A folder of this process alone for temporary files. It exists and is gone when the process ends.
   virtual std::string GetTempFolder() = 0;
   /// Can the text name a file to be created: a full path in an existing folder, with a last component that every

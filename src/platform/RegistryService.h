@@ -27,6 +27,9 @@ public:
 
   /// Selects the root for the operations that follow. The program uses "HKEY_LOCAL_MACHINE" only.
   virtual void SetRootKey(std::string_view rootName) = 0;
+  /// From true to false, what is read may be as it was at the beginning, for those who read thousands of values. A tree
+  /// that can be read quickly anyway need not do anything.
+  virtual void HoldStill(bool) {}
   /// Zero when the last operation succeeded.
   virtual long LastError() const = 0;
   /// Words for the last failure. Closing the key leaves them, so that they can be fetched after it.

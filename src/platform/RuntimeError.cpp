@@ -25,6 +25,8 @@ const char *ErrorText(ErrorNumber number) {
     return "Disk full";
   case ErrorNumber::InputPastEnd:
     return "Input past end of file";
+  case ErrorNumber::TooManyFiles:
+    return "Too many files are open";
   case ErrorNumber::DeviceUnavailable:
     return "Device unavailable";
   case ErrorNumber::PermissionDenied:

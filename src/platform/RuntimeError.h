@@ -19,6 +19,7 @@ enum class ErrorNumber {
   DeviceIo = 57,
   DiskFull = 61,
   InputPastEnd = 62,
+  TooManyFiles = 67,
   DeviceUnavailable = 68,
   PermissionDenied = 70,
   DiskNotReady = 71,

@@ -3,20 +3,50 @@
 
 #pragma once
 
+#include <cstdint>
+#include <span>
+#include <string>
 #include <string_view>
 
 namespace turfdesk {
 
-/// Names of temporary files or folders: a beginning, six random letters and digits, and an end.
+/// Names of temporary files or folders: a beginning, random letters and digits, a check over all that, and an end.
+/// What bears such a name may be deleted when nobody uses it any more, so nobody else may come upon one: a word that
+/// a person puts in the place of the random part fails the check.
 struct TemporaryNames {
-  static constexpr std::size_t RandomLength = 6;
+  static constexpr std::size_t RandomLength = 10;
+  static constexpr std::size_t CheckLength = 6;
 
   std::string_view beginning;
   std::string_view end;
 
+  /// The name that belongs to these random bytes.
+  std::string Name(std::span<const std::uint8_t, RandomLength> random) const {
+    std::string name(beginning);
+    for (const std::uint8_t byte : random)
+      name += Letters[byte % Letters.size()];
+    return name.append(Check(name)).append(end);
+  }
+
   bool Include(std::string_view name) const {
-    return name.size() == beginning.size() + RandomLength + end.size() && name.starts_with(beginning) &&
-           name.ends_with(end);
+    const std::size_t checked = beginning.size() + RandomLength;
+    return name.size() == checked + CheckLength + end.size() && name.starts_with(beginning) && name.ends_with(end) &&
+           name.substr(checked, CheckLength) == Check(name.substr(0, checked));
+  }
+
+private:
+  static constexpr std::string_view Letters = "abcdefghijklmnopqrstuvwxyz234567";
+
+  static std::string Check(std::string_view text) {
+    // FNV-1a, of whose bits all come to bear in the lowest thirty.
+    std::uint64_t hash = 0xcbf29ce484222325U;
+    for (const char c : text)
+      hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001b3U;
+    hash ^= hash >> 32U;
+    std::string check;
+    for (std::size_t i = 0; i < CheckLength; ++i, hash /= Letters.size())
+      check += Letters[hash % Letters.size()];
+    return check;
   }
 };
 

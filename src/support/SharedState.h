@@ -9,6 +9,8 @@
 #include "platform/Screen.h"
 
 #include <cstdint>
+#include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -61,6 +63,9 @@ struct SharedState {
   ListView lstCourses;
   /// False while a catalogued course is missing from lstCourses, which then does not tell all that uses a library.
   bool allCoursesListed = true;
+  /// Why the files of these courses, by key, could not be read when their rows were filled, though they may be there.
+  /// The rows name no libraries, but the courses may use some.
+  std::map<std::string, std::string, std::less<>> coursesOutOfReach;
   ListView lstLibraries;
 };
 

@@ -13,6 +13,8 @@ namespace turfdesk {
 
 bool FileExists(SharedState &state, std::string_view path) { return state.fileService->FileExists(path); }
 
+bool FileMayExist(SharedState &state, std::string_view path) { return state.fileService->FileMayExist(path); }
+
 bool DirExists(SharedState &state, std::string_view path) { return state.fileService->DirExists(path); }
 
 std::string GetPathPart(SharedState &state, std::string_view path) { return state.fileService->GetPathPart(path); }
@@ -39,6 +41,11 @@ bool DeleteFile(SharedState &state, std::string_view path) {
     return true;
   state.lastFileError = state.fileService->LastErrorText();
   return false;
+}
+
+bool DeleteIfThere(SharedState &state, std::string_view path) {
+  // Somebody else may delete it at the same moment.
+  return !FileMayExist(state, path) || DeleteFile(state, path) || !FileMayExist(state, path);
 }
 
 bool CopyFile(SharedState &state, std::string_view sourceDir, std::string_view sourceName,

@@ -14,6 +14,8 @@ namespace turfdesk {
 // backslash. Where a helper gives false for a failed copy or delete, GetLastFileError has the words.
 
 bool FileExists(SharedState &state, std::string_view path);
+/// False only when it is known that there is no such file.
+bool FileMayExist(SharedState &state, std::string_view path);
 bool DirExists(SharedState &state, std::string_view path);
 std::string GetPathPart(SharedState &state, std::string_view path);
 std::string GetFilePart(SharedState &state, std::string_view path);
@@ -27,6 +29,8 @@ std::string GetExtension(SharedState &state, std::string_view path);
 std::string ChangeExtension(SharedState &state, std::string_view path, std::string_view extension);
 
 bool DeleteFile(SharedState &state, std::string_view path);
+/// True when no such file is left, whether or not there was one; false also where that cannot be known.
+bool DeleteIfThere(SharedState &state, std::string_view path);
 
 /// Copies over an existing destination without asking. Tells state.workProgress how far it has come and lets windows
 /// repaint meanwhile.

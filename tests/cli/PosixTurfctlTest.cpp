@@ -28,12 +28,23 @@ TEST_F(PosixTurfctlTest, AFileThatCannotBeReadIsNamedAndAnAnswerThatCannotBeWrit
   EXPECT_EQ(test::RunProgram("/bin/sh", {"-c", command + "settings list > /dev/full"}, "").status, 1);
 }
 
-TEST_F(PosixTurfctlTest, AHomeThatCannotBeMadeIsNamed) {
+TEST_F(PosixTurfctlTest, DrivesThatCannotBeUsedAreNamedAndMadeAnewWhereThereAreNone) {
+  const std::string place = "\r\n\r\n" + (home.Path() / "drives").string();
   std::ofstream(home.Path() / "drive_c") << "in the way";
   const Outcome outcome = Run("--json list");
   EXPECT_EQ(outcome.status, 3);
-  EXPECT_EQ(outcome.Boxes(), Texts{"error [Turf Desk] The folder for the program's own files cannot be used.\r\n\r\n" +
-                                   home.Path().string() + "\r\n\r\nPath not found"});
+  const std::string unusable = "The folder of the drives cannot be used." + place + "\r\n\r\nPath not found";
+  EXPECT_EQ(outcome.Boxes(), Texts{"error [Turf Desk] " + unusable});
+  std::filesystem::remove(home.Path() / "drive_c");
+  std::filesystem::create_directory(home.Path() / "drives");
+  const Outcome empty = Run("--json list");
+  EXPECT_EQ(empty.status, 3);
+  const Texts boxes = empty.Boxes();
+  ASSERT_EQ(boxes.size(), 3U);
+  EXPECT_EQ(boxes[0], "error [Turf Desk] basVorinInit.Init(): There are no drives in the folder for them." + place +
+                          "\r\n\r\nDevice unavailable");
+  EXPECT_TRUE(boxes[2].ends_with("The links c: and z: were made anew." + place)) << boxes[2];
+  EXPECT_EQ(Run("list").status, 0);
 }
 
 TEST_F(PosixTurfctlTest, ADamagedStoreIsToldAndRepaired) {

@@ -181,6 +181,7 @@ public:
   bool DeleteFile(std::string_view path) override;
   bool DirExists(std::string_view path) override { return mReal->DirExists(path); }
   bool FileExists(std::string_view path) override { return mReal->FileExists(path); }
+  bool FileMayExist(std::string_view path) override { return mReal->FileMayExist(path); }
   std::string GetTempFolder() override { return tempFolder.empty() ? mReal->GetTempFolder() : tempFolder; }
   bool IsValidFilename(std::string_view text) override { return mReal->IsValidFilename(text); }
   double GetFileSize(std::string_view path) override { return mReal->GetFileSize(path); }

@@ -88,6 +88,17 @@ TEST_F(HeaderTest, GoesAsFarAsALyingCourseLets) {
   }
 }
 
+TEST_F(HeaderTest, NothingButTheFilesEndBoundsTheNames) {
+  samples::CourseSpec spec = WithLibraries(2);
+  const std::vector<std::string> many(600'000, "x");
+  for (const auto &names : {many, {std::string(20'000'000, 'x')}}) {
+    spec.lies.names = names;
+    const CourseFile course = ReadCourse(spec);
+    EXPECT_EQ(course.LibraryGUIDS().size(), 2U);
+    EXPECT_EQ(course.LibraryNames().size(), names.size());
+  }
+}
+
 TEST_F(HeaderTest, TheLargestListHas2047Libraries) {
   samples::CourseSpec spec = WithLibraries(2047);
   spec.lies.namesOffset = 0; // the honest place does not fit the field

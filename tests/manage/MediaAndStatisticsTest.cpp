@@ -3,10 +3,13 @@
 
 #include "catalogue/Catalogue.h"
 #include "catalogue/CatalogueRows.h"
+#include "catalogue/SideFiles.h"
 #include "manage/ClearStatistics.h"
 #include "manage/CourseMedia.h"
+#include "support/basVorinFile.h"
 
 #include "common/GolfWorld.h"
+#include "common/UnreadyDrive.h"
 
 #include <gtest/gtest.h>
 
@@ -64,6 +67,18 @@ TEST_F(MediaAndStatisticsTest, StatisticsAreClearedOfTheSelectedCourseWhicheverL
     EXPECT_FALSE(std::filesystem::exists(file));
   }
   EXPECT_TRUE(std::filesystem::exists(world.Host(R"(C:\QuillonGolf\Courses\)" + world.oakKey + ".sta")));
+}
+
+TEST_F(MediaAndStatisticsTest, OnlyAGuidNamesAStatisticsFileAndOneThatMayBeThereIsNotCleared) {
+  samples::WriteFile(world.Host(R"(C:\QuillonGolf\victim.sta)"), {});
+  for (const char *key : {R"(..\victim)", "../victim", "{6BFB0976-4FA7-8999-6FC7-46F9CA3A390}", "{../victim}", ""})
+    EXPECT_TRUE(DeleteCourseStats(state, key)) << key;
+  EXPECT_TRUE(std::filesystem::exists(world.Host(R"(C:\QuillonGolf\victim.sta)")));
+  const test::UnreadyDrive drive(world.Home());
+  state.installDir = "A:\\Golf";
+  EXPECT_FALSE(DeleteCourseStats(state, world.elmKey));
+  EXPECT_EQ(GetLastFileError(state), "Disk not ready");
+  EXPECT_TRUE(DeleteCourseStats(state, "victim"));
 }
 
 } // namespace turfdesk

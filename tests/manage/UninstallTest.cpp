@@ -6,8 +6,10 @@
 #include "catalogue/Catalogue.h"
 #include "catalogue/LoadLists.h"
 #include "catalogue/Selection.h"
+#include "support/basVorinRegistry.h"
 
 #include "common/GolfWorld.h"
+#include "common/UnreadyDrive.h"
 
 #include <gtest/gtest.h>
 
@@ -135,6 +137,23 @@ TEST_F(UninstallTest, ALibraryAsksOnceForEachCourseThatUsesIt) {
   EXPECT_NE(world.Course(world.oakKey).SubItems(3).find(world.waterKey), std::string::npos) << "other rows stay";
 }
 
+TEST_F(UninstallTest, ACourseOutOfReachIsNamedBeforeTheFirstOrphanAndWhatMayBeLeftOfItAtTheEnd) {
+  const test::UnreadyDrive drive(world.Home());
+  for (const char *file : {R"(C:\none.hlc)", R"(A:\Oak.hlc)"}) {
+    SetRegistryValue(world.state, LocalMachine, CourseEntryKey(world.oakKey), "Filename", file);
+    LoadCourses(world.state);
+  }
+  EXPECT_TRUE(Course(world.elmKey, {true, false, false, false}));
+  EXPECT_EQ(Boxes(), (Texts{Sure("Old Elm"),
+                            "These courses could not be read, and may use the libraries that you are asked about."
+                            "\r\n\r\nOak: Disk not ready",
+                            Orphan("Grass"), Orphan("Trees"), Orphan("Water"),
+                            "Old Elm\r\n\r\nCourse was successfully uninstalled."}));
+  EXPECT_TRUE(Course(world.oakKey, {true}));
+  EXPECT_EQ(Boxes(), (Texts{Sure("Oak"), "These files could not be deleted.\r\n\r\nA:\\Oak.hlc: Disk not ready",
+                            "Oak\r\n\r\nCourse was successfully uninstalled."}));
+}
+
 TEST_F(UninstallTest, AKeyThatIsKnownToStayKeepsEverything) {
   world.registry.undeletable = true;
   EXPECT_FALSE(Course(world.elmKey, {true, true, true}));
@@ -189,6 +208,8 @@ TEST_F(UninstallTest, FilesThatAreMissingOrStayDoNotKeepTheRest) {
   test::SetReadOnly(world.Host(R"(C:\Golf\Trees.hlb)"), true);
   EXPECT_TRUE(Course(world.elmKey, {true, true, true}));
   EXPECT_EQ(Boxes(), (Texts{Sure("Old Elm"), Orphan("Grass"), Orphan("Trees"),
+                            "These files could not be deleted.\r\n\r\nC:\\Media\\Elm.bmp: Path/File access error\r\n"
+                            "C:\\Golf\\Trees.hlb: Path/File access error",
                             "Old Elm\r\n\r\nCourse was successfully uninstalled."}));
   EXPECT_FALSE(Shows(world.grassKey));
   EXPECT_FALSE(Shows(world.treesKey));

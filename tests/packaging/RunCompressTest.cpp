@@ -8,6 +8,7 @@
 #include "support/basVorinFile.h"
 
 #include "common/TestWorld.h"
+#include "common/UnreadyDrive.h"
 #include "samples/GameFiles.h"
 
 #include <gtest/gtest.h>
@@ -115,6 +116,21 @@ TEST_F(RunCompressTest, TheProposalNamesAlsoWhatIsNotCatalogued) {
   EXPECT_TRUE(CourseMayBeCompressed(state, row)) << "the list of the program refuses no real key";
   state.noCompressCourses = {"", "{a}"};
   EXPECT_FALSE(CourseMayBeCompressed(state, row)) << "the names differ only in case";
+}
+
+TEST_F(RunCompressTest, ACourseOutOfReachIsRefusedWithTheReasonUntilItCanBeRead) {
+  samples::CourseSpec spec{.name = "Oak", .libraries = {{.name = "Grass"}}};
+  samples::WriteCourse(world.Host(R"(C:\Golf\Oak.hlc)"), spec);
+  const test::UnreadyDrive drive(world.Home());
+  const std::string key = samples::KeyOf(spec);
+  RegisterCourse(state, key, "Oak", R"(A:\Oak.hlc)");
+  Row &row = state.lstCourses.Add(key, "Oak");
+  FillCourseRow(state, key, row);
+  EXPECT_FALSE(CourseMayBeCompressed(state, row));
+  EXPECT_EQ(world.boxes.TakeTexts(), Texts{"A:\\Oak.hlc\r\n\r\nDisk not ready"});
+  RegisterCourse(state, key, "Oak", R"(C:\Golf\Oak.hlc)");
+  EXPECT_TRUE(CourseMayBeCompressed(state, row));
+  EXPECT_EQ(row.SubItems(column::Libraries), samples::LibraryListOf(spec)) << "the package is to hold them";
 }
 
 } // namespace turfdesk

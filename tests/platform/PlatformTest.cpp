@@ -6,6 +6,7 @@
 #include "samples/Basics.h"
 
 #include <algorithm>
+#include <array>
 
 namespace turfdesk::test {
 
@@ -45,6 +46,12 @@ void PlatformTest::Run(const std::string &program, const Texts &arguments) const
 
 void Write(StagedFile &file, std::string_view text) {
   file.Write({reinterpret_cast<const std::uint8_t *>(text.data()), text.size()});
+}
+
+std::string LeftoverName(const TemporaryNames &names, std::uint8_t number) {
+  std::array<std::uint8_t, TemporaryNames::RandomLength> random{};
+  random.fill(number);
+  return names.Name(random);
 }
 
 std::string LargeContent() {

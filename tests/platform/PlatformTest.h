@@ -6,6 +6,7 @@
 #include "common/WorldHome.h"
 #include "platform/Platform.h"
 #include "platform/RuntimeError.h"
+#include "platform/TemporaryNames.h"
 
 #include <gtest/gtest.h>
 
@@ -47,6 +48,9 @@ protected:
 };
 
 void Write(StagedFile &file, std::string_view text);
+
+/// What a program that was killed may have left.
+std::string LeftoverName(const TemporaryNames &names, std::uint8_t number = 0);
 
 /// More than the pieces that a file is copied in, with different content all over.
 std::string LargeContent();

@@ -3,6 +3,7 @@
 
 #include "shell/SettingsExchangeTest.h"
 
+#include "shell/FileTypes.h"
 #include "support/basVorinRegistry.h"
 
 #include "common/InjectedFault.h"
@@ -41,6 +42,19 @@ TEST(PosixSettingsTest, WhatIsNoUnicodeIsNotExported) {
   EXPECT_EQ(world.boxes.TakeTexts(),
             Texts{base + "\r\n\r\nA name or a text of this settings key cannot be written to a file."});
   EXPECT_FALSE(std::filesystem::exists(world.Host(R"(C:\out.reg)")));
+}
+
+TEST(PosixSettingsTest, FileTypesThatCannotBeWrittenCostOneBox) {
+  test::TestWorld world;
+  const std::filesystem::path store = world.Home() / "settings.db";
+  test::SetReadOnly(store, true);
+  RegisterFileTypes(world.state);
+  EXPECT_EQ(world.boxes.TakeTexts(), Texts{"The settings file cannot be written: " + store.string()});
+  test::SetReadOnly(store, false);
+  RegisterFileTypes(world.state);
+  test::SetReadOnly(store, true);
+  RegisterFileTypes(world.state);
+  EXPECT_EQ(world.boxes.TakeTexts(), Texts{}) << "there is nothing to write";
 }
 
 TEST(PosixSettingsTest, ADiskThatFailsOrAProcessThatDiesLeavesAllOrNothing) {

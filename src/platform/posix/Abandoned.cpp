@@ -4,12 +4,15 @@
 #include "platform/posix/Abandoned.h"
 
 #include "platform/posix/FolderEntries.h"
+#include "platform/posix/SystemError.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/random.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <ctime>
 #include <filesystem>
 #include <system_error>
@@ -30,6 +33,13 @@ bool CanBeAbandoned(const std::string &path, mode_t type) {
 }
 
 } // namespace
+
+std::string FreshName(const TemporaryNames &names) {
+  std::array<std::uint8_t, TemporaryNames::RandomLength> random;
+  if (getrandom(random.data(), random.size(), 0) != static_cast<ssize_t>(random.size()))
+    ThrowSystemError(errno);
+  return names.Name(random);
+}
 
 bool LockAgainstRemoval(const Descriptor &file) { return flock(file.Number(), LOCK_EX | LOCK_NB) == 0; }
 

@@ -15,6 +15,10 @@ namespace turfdesk {
 // What a process makes under a temporary name it locks for as long as it lives: the kernel lets go of the lock when the
 // process ends, however it ends. What bears such a name and is locked by nobody was left behind by one that was killed.
 
+/// A name of that kind that hardly anybody has used before. Throws RuntimeError where the system gives no random
+/// numbers.
+std::string FreshName(const TemporaryNames &names);
+
 /// Locks an open file or folder. False when somebody else has locked it, or where the disk knows no locks.
 bool LockAgainstRemoval(const Descriptor &file);
 

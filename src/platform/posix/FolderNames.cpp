@@ -21,6 +21,9 @@ constexpr time_t SettledSeconds = 3;
 
 bool IsSettled(const struct stat &status) { return status.st_mtime + SettledSeconds < std::time(nullptr); }
 
+/// Is it only for now that the folder cannot be listed? One that is closed to its user has no names that he could see.
+bool CannotTell(int error) { return error == EMFILE || error == ENFILE || error == ENOMEM || error == EIO; }
+
 bool SameTime(const timespec &left, const timespec &right) {
   return left.tv_sec == right.tv_sec && left.tv_nsec == right.tv_nsec;
 }
@@ -32,11 +35,13 @@ bool IsUnchanged(const struct stat &before, const struct stat &now) {
 
 } // namespace
 
-std::string FolderNames::Find(const std::string &hostFolder, std::string_view name) {
+std::string FolderNames::Find(const std::string &hostFolder, std::string_view name, int &error) {
   struct stat status;
   if (stat(hostFolder.c_str(), &status) != 0)
     return "";
   const Listing &listing = ListingOf(hostFolder, status);
+  if (CannotTell(listing.error))
+    error = listing.error;
   const auto found = listing.namesByFolded.find(FoldCase(name));
   return found == listing.namesByFolded.end() ? "" : found->second;
 }
@@ -50,14 +55,14 @@ const FolderNames::Listing &FolderNames::ListingOf(const std::string &hostFolder
       return *known;
     mListings.pop_front();
   }
-  Listing &listing = mListings.emplace_front(Listing{hostFolder, status, IsSettled(status), {}});
+  Listing &listing = mListings.emplace_front(Listing{hostFolder, status, IsSettled(status), 0, {}});
   if (mListings.size() > RememberedFolders)
     mListings.pop_back();
-  const int error = ForEachEntry(hostFolder, [&listing](const dirent &entry) {
+  listing.error = ForEachEntry(hostFolder, [&listing](const dirent &entry) {
     std::string &name = listing.namesByFolded.try_emplace(FoldCase(entry.d_name), entry.d_name).first->second;
     name = std::min(name, std::string(entry.d_name));
   });
-  listing.lasting = listing.lasting && error == 0;
+  listing.lasting = listing.lasting && listing.error == 0;
   return listing;
 }
 

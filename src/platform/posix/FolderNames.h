@@ -18,8 +18,8 @@ namespace turfdesk {
 class FolderNames {
 public:
   /// The name in the folder that equals the given one but for case, of several the first in the order of their bytes.
-  /// "" when there is none or the folder cannot be read.
-  std::string Find(const std::string &hostFolder, std::string_view name);
+  /// "" when there is none or the folder cannot be read; error is set when that cannot be told just now.
+  std::string Find(const std::string &hostFolder, std::string_view name, int &error);
 
 private:
   struct Listing {
@@ -27,6 +27,8 @@ private:
     struct stat status;
     /// False when a later change might not show in the status.
     bool lasting;
+    /// What kept the folder from being read to its end.
+    int error;
     std::unordered_map<std::string, std::string> namesByFolded;
   };
 

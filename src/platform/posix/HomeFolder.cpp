@@ -4,6 +4,7 @@
 #include "platform/posix/HomeFolder.h"
 
 #include "platform/posix/HostPaths.h"
+#include "platform/posix/PathMap.h"
 #include "platform/posix/SystemError.h"
 
 #include <pwd.h>
@@ -19,6 +20,8 @@ namespace turfdesk {
 namespace {
 
 constexpr mode_t PrivateMode = 0700;
+
+constexpr const char *DrivesUnusable = "The folder of the drives cannot be used.";
 
 std::string_view Environment(const char *name) {
   const char *value = std::getenv(name);
@@ -58,6 +61,12 @@ int MakeDrives(const std::string &home, const std::string &drives) {
   return error == EEXIST || error == ENOTEMPTY ? 0 : error;
 }
 
+std::string DrivesOf(const std::string &home) { return home + "/drives"; }
+
+std::string UnusableWords(const char *what, const std::string &folder, ErrorNumber number) {
+  return what + ("\r\n\r\n" + folder) + "\r\n\r\n" + ErrorText(number);
+}
+
 } // namespace
 
 std::string HomeFolder(std::string_view chosen) {
@@ -72,16 +81,32 @@ std::string HomeFolder(std::string_view chosen) {
 }
 
 void MakeHome(const std::string &home) {
-  const std::string drives = home + "/drives";
-  int error = MakeFolders(home, PrivateMode);
+  if (const int error = MakeFolders(home, PrivateMode); error != 0) {
+    const ErrorNumber number = NumberOfFolderError(error);
+    throw RuntimeError(number, UnusableWords("The folder for the program's own files cannot be used.", home, number));
+  }
+  const std::string drives = DrivesOf(home);
   struct stat status;
-  if (error == 0 && stat(drives.c_str(), &status) != 0)
-    error = errno == ENOENT ? MakeDrives(home, drives) : errno;
-  if (error == 0)
+  if (stat(drives.c_str(), &status) == 0)
     return;
-  const ErrorNumber number = NumberOfFolderError(error);
-  throw RuntimeError(number, "The folder for the program's own files cannot be used.\r\n\r\n" + home + "\r\n\r\n" +
-                                 ErrorText(number));
+  if (const int error = errno == ENOENT ? MakeDrives(home, drives) : errno; error != 0) {
+    const ErrorNumber number = NumberOfFolderError(error);
+    throw RuntimeError(number, UnusableWords(DrivesUnusable, drives, number));
+  }
+}
+
+RuntimeError NoDrives(const std::string &home) {
+  constexpr ErrorNumber number = ErrorNumber::DeviceUnavailable;
+  return {number, UnusableWords("There are no drives in the folder for them.", DrivesOf(home), number)};
+}
+
+std::string RepairDrives(const std::string &home) {
+  if (!PathMap(home).Drives().empty())
+    return "";
+  const std::string drives = DrivesOf(home);
+  if (const int error = MakeLinks(home, drives); error != 0)
+    return UnusableWords(DrivesUnusable, drives, NumberOfFolderError(error));
+  return "There were no drives in the folder for them. The links c: and z: were made anew.\r\n\r\n" + drives;
 }
 
 } // namespace turfdesk

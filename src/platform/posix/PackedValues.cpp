@@ -7,10 +7,24 @@
 
 namespace turfdesk {
 
+namespace {
+
+constexpr std::size_t mostPacked = 4096;
+
+} // namespace
+
 std::optional<SettingsValue> PackedValues::Find(std::string_view foldedName) const {
+  if (mMany) {
+    const auto found = mMany->find(foldedName);
+    return found == mMany->end()
+               ? std::nullopt
+               : std::optional(SettingsValue{found->second.type, found->second.number, found->second.text});
+  }
   const std::size_t offset = OffsetOf(foldedName);
-  if (offset == mBytes.size())
-    return std::nullopt;
+  return offset == mBytes.size() ? std::nullopt : std::optional(ValueAt(offset));
+}
+
+SettingsValue PackedValues::ValueAt(std::size_t offset) const {
   const Head head = HeadAt(offset);
   const char *data = mBytes.data() + offset + sizeof head + head.nameLength;
   SettingsValue value{head.type, 0, {}};
@@ -27,6 +41,13 @@ void PackedValues::Set(std::string_view foldedName, const SettingsValue &value) 
 }
 
 bool PackedValues::Erase(std::string_view foldedName) {
+  if (mMany) {
+    const auto found = mMany->find(foldedName);
+    if (found == mMany->end())
+      return false;
+    mMany->erase(found);
+    return true;
+  }
   const std::size_t offset = OffsetOf(foldedName);
   if (offset == mBytes.size())
     return false;
@@ -35,10 +56,27 @@ bool PackedValues::Erase(std::string_view foldedName) {
 }
 
 void PackedValues::Append(std::string_view foldedName, const SettingsValue &value) {
+  if (!mMany && mBytes.size() > mostPacked)
+    Unpack();
+  if (mMany) {
+    mMany->emplace(foldedName, Content{value.type, value.number, std::string(value.text)});
+    return;
+  }
   const std::string_view number(reinterpret_cast<const char *>(&value.number), sizeof value.number);
   const std::string_view data = value.type == SettingsType::Number ? number : value.text;
   const Head head{static_cast<std::uint32_t>(foldedName.size()), value.type, static_cast<std::uint32_t>(data.size())};
   mBytes.append(reinterpret_cast<const char *>(&head), sizeof head).append(foldedName).append(data);
+}
+
+void PackedValues::Unpack() {
+  auto many = std::make_unique<Many>();
+  for (std::size_t offset = 0; offset < mBytes.size(); offset += HeadAt(offset).Size()) {
+    const SettingsValue value = ValueAt(offset);
+    const std::string_view name(mBytes.data() + offset + sizeof(Head), HeadAt(offset).nameLength);
+    many->emplace(name, Content{value.type, value.number, std::string(value.text)});
+  }
+  mMany = std::move(many);
+  mBytes.clear();
 }
 
 PackedValues::Head PackedValues::HeadAt(std::size_t offset) const {

@@ -6,6 +6,8 @@
 #include "platform/RegistryFunctions.h"
 
 #include <cstdint>
+#include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -24,9 +26,18 @@ struct SettingsValue {
 };
 
 /// The values of one key, in one piece of memory: a key has a handful of short values, and what a lookup costs is the
-/// number of places in memory that it has to visit.
+/// number of places in memory that it has to visit. A key that has more than that, as settings from elsewhere may,
+/// keeps them in a map.
 class PackedValues {
 public:
+  PackedValues() = default;
+  PackedValues(PackedValues &&) = default;
+  PackedValues &operator=(PackedValues &&) = default;
+  PackedValues(const PackedValues &other)
+      : mBytes(other.mBytes), mMany(other.mMany ? std::make_unique<Many>(*other.mMany) : nullptr) {}
+  PackedValues &operator=(const PackedValues &other) { return *this = PackedValues(other); }
+  ~PackedValues() = default;
+
   /// The value is valid until the next change.
   std::optional<SettingsValue> Find(std::string_view foldedName) const;
   /// Sets a value, adding it when absent.
@@ -37,6 +48,13 @@ public:
   void Append(std::string_view foldedName, const SettingsValue &value);
 
 private:
+  struct Content {
+    SettingsType type;
+    std::int32_t number;
+    std::string text;
+  };
+  using Many = std::map<std::string, Content, std::less<>>;
+
   struct Head {
     std::uint32_t nameLength;
     SettingsType type;
@@ -47,8 +65,11 @@ private:
 
   Head HeadAt(std::size_t offset) const;
   std::size_t OffsetOf(std::string_view foldedName) const;
+  SettingsValue ValueAt(std::size_t offset) const;
+  void Unpack();
 
   std::string mBytes;
+  std::unique_ptr<Many> mMany;
 };
 
 } // namespace turfdesk

@@ -129,7 +129,7 @@ bool PathMap::EnterName(Location &location, std::string_view name) const {
   if (lstat(location.path.c_str(), &status) == 0)
     return true;
   location.error = errno == ENOENT ? 0 : errno;
-  const std::string actual = location.error == 0 ? mNames.Find(folder, name) : "";
+  const std::string actual = location.error == 0 ? mNames.Find(folder, name, location.error) : "";
   location.path = actual.empty() ? folder : folder + "/" + actual;
   return !actual.empty();
 }

@@ -21,6 +21,11 @@ int StatusOf(const PathMap &paths, std::string_view path, struct stat &status) {
   return paths.Reach(path, [&status](const char *hostPath) { return stat(hostPath, &status) == 0 ? 0 : errno; });
 }
 
+/// Is it certain that a path that fails so leads to no file?
+bool IsAbsence(int error) {
+  return error == ENOENT || error == ENOTDIR || error == ENODEV || error == EILSEQ || error == ENAMETOOLONG;
+}
+
 int Unlink(const char *hostPath) {
   struct stat status;
   if (stat(hostPath, &status) != 0)
@@ -71,6 +76,12 @@ bool PosixFileService::DirExists(std::string_view path) {
 bool PosixFileService::FileExists(std::string_view path) {
   struct stat status;
   return StatusOf(mPaths, path, status) == 0 && !S_ISDIR(status.st_mode);
+}
+
+bool PosixFileService::FileMayExist(std::string_view path) {
+  struct stat status;
+  const int error = StatusOf(mPaths, path, status);
+  return error == 0 ? !S_ISDIR(status.st_mode) : !IsAbsence(error);
 }
 
 double PosixFileService::GetFileSize(std::string_view path) {

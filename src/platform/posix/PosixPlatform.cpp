@@ -44,7 +44,7 @@ public:
 
   std::unique_ptr<FileService> CreateFileService() override {
     if (mPaths.Drives().empty())
-      throw RuntimeError(ErrorNumber::DeviceUnavailable);
+      throw NoDrives(mHome);
     return std::make_unique<PosixFileService>(mPaths, mChildren);
   }
 
@@ -58,7 +58,11 @@ public:
   FolderReader &Folders() override { return mFolders; }
   Processes &Programs() override { return mProcesses; }
 
-  void RestoreServices(MessageBoxes &boxes) override { mSettings.Restore(boxes); }
+  void RestoreServices(MessageBoxes &boxes) override {
+    mSettings.Restore(boxes);
+    if (const std::string words = RepairDrives(mHome); !words.empty())
+      TellPlainly(boxes, words);
+  }
   void NoteCleanStart() override { RefreshGoodCopy(mHome); }
 
   std::string ProgramFolder() override {

@@ -29,6 +29,7 @@ public:
 
   /// An unknown name selects a root under which there is nothing.
   void SetRootKey(std::string_view rootName) override;
+  void HoldStill(bool still) override { mStore->HoldStill(still); }
   long LastError() const override { return mLastError; }
   /// Stays until the next failure.
   std::string LastErrorText() const override { return mLastErrorText; }

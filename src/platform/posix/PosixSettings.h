@@ -25,6 +25,9 @@ void RestoreSettings(const std::string &home, MessageBoxes &boxes);
 /// throws.
 void TellBusySettings(const std::string &home, MessageBoxes &boxes);
 
+/// Shows words in a plain box. Never throws.
+void TellPlainly(MessageBoxes &boxes, const std::string &words);
+
 /// Makes the present state of the tree the good copy that RestoreSettings brings back. Cheap when nothing has changed
 /// since the last one. Never throws; a failure costs only the refresh.
 void RefreshGoodCopy(const std::string &home);

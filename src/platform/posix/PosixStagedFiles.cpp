@@ -8,7 +8,6 @@
 #include "platform/posix/SystemError.h"
 
 #include <fcntl.h>
-#include <sys/random.h>
 #include <sys/statvfs.h>
 #include <unistd.h>
 
@@ -32,20 +31,10 @@ void CheckWhereSupported(int result) {
     ThrowSystemError(errno);
 }
 
-std::string RandomTemporaryName() {
-  constexpr std::string_view letters = "abcdefghijklmnopqrstuvwxyz234567";
-  unsigned char bytes[TemporaryNames::RandomLength];
-  Check(getrandom(bytes, sizeof(bytes), 0) == sizeof(bytes) ? 0 : -1);
-  std::string name(StagedFileNames.beginning);
-  for (const unsigned char byte : bytes)
-    name += letters[byte % letters.size()];
-  return name.append(StagedFileNames.end);
-}
-
 /// Calls a routine (name -> is it done?) with names that no user's file has, until one is free.
 template <class Make> std::string WithFreshName(Make make) {
   for (;;) {
-    std::string name = RandomTemporaryName();
+    std::string name = FreshName(StagedFileNames);
     if (make(name.c_str()))
       return name;
     if (errno != EEXIST)

@@ -41,7 +41,7 @@ private:
 };
 
 /// Until Commit the file bears no name at all where the disk can do that, so that nothing of it is left behind even
-/// when the program is killed. Elsewhere, and for a moment within Commit, its name is ".turfdesk-XXXXXX.tmp". What a
+/// when the program is killed. Elsewhere, and for a moment within Commit, its name is one of StagedFileNames. What a
 /// killed program has left under such a name is removed by the next that writes in the folder.
 class PosixStagedFile final : public StagedFile {
 public:

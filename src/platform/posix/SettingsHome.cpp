@@ -8,11 +8,9 @@
 #include <cerrno>
 #include <cstring>
 #include <ctime>
-#include <endian.h>
 #include <fcntl.h>
 #include <filesystem>
 #include <sys/file.h>
-#include <sys/mman.h>
 #include <sys/sendfile.h>
 #include <sys/stat.h>
 #include <thread>
@@ -22,13 +20,27 @@ namespace turfdesk {
 
 namespace {
 
-constexpr std::size_t headerSize = 100;
-constexpr std::size_t changeCounterOffset = 24;
+ErrorNumber NumberOf(int error) {
+  switch (error) {
+  case ENOSPC:
+  case EDQUOT:
+    return ErrorNumber::DiskFull;
+  case EMFILE:
+  case ENFILE:
+    return ErrorNumber::TooManyFiles;
+  default:
+    return ErrorNumber::PathFileAccess;
+  }
+}
+
+/// May somebody who only reads the settings do without the lock? There is no home, or nobody can write in it.
+bool NeedsNoLock(int error) { return error == EACCES || error == EPERM || error == EROFS || error == ENOENT; }
 
 [[noreturn]] void FailOn(const char *what, const std::string &path) {
   const int code = errno;
-  const ErrorNumber number = code == ENOSPC || code == EDQUOT ? ErrorNumber::DiskFull : ErrorNumber::PathFileAccess;
-  throw RuntimeError(number, std::string(what) + path + " (" + std::strerror(code) + ")");
+  if (NumberOf(code) == ErrorNumber::TooManyFiles)
+    throw RuntimeError(ErrorNumber::TooManyFiles, "Too many files are open to use the settings: " + path);
+  throw RuntimeError(NumberOf(code), std::string(what) + path + " (" + std::strerror(code) + ")");
 }
 
 void FlushFolder(const std::string &folder) {
@@ -63,11 +75,15 @@ SettingsPaths::SettingsPaths(const std::string &homeFolder)
 std::string JournalOf(const std::string &databaseFile) { return databaseFile + "-journal"; }
 
 SettingsLock::SettingsLock(const SettingsPaths &paths, Mode mode, std::chrono::milliseconds patience)
-    : mLockFile(open(paths.lock.c_str(), O_RDONLY | O_CREAT | O_CLOEXEC, 0600)) {
+    : mLockFile(open(paths.lock.c_str(), O_RDONLY | O_CREAT | O_NONBLOCK | O_CLOEXEC, 0600)) {
+  const int error = errno;
+  for (const std::string &path : {paths.lock, paths.store, JournalOf(paths.store)})
+    CheckIsFile(path);
   if (!mLockFile.IsOpen()) {
-    if (mode == Mode::Shared)
+    if (mode == Mode::Shared && NeedsNoLock(error))
       return;
-    FailOn("The settings folder cannot be written: ", paths.home);
+    errno = error;
+    FailOn("A lock of the settings cannot be made: ", paths.lock);
   }
   const int operation = (mode == Mode::Shared ? LOCK_SH : LOCK_EX) | LOCK_NB;
   const auto deadline = std::chrono::steady_clock::now() + patience;
@@ -80,21 +96,11 @@ SettingsLock::SettingsLock(const SettingsPaths &paths, Mode mode, std::chrono::m
   }
 }
 
-StoreHeader::StoreHeader(const std::string &storePath) {
-  const Descriptor descriptor = OpenForReading(storePath);
-  if (!descriptor.IsOpen())
-    FailOn("The settings file cannot be opened: ", storePath);
-  mPage = mmap(nullptr, headerSize, PROT_READ, MAP_SHARED, descriptor.Number(), 0);
-  if (mPage == MAP_FAILED)
-    FailOn("The settings file cannot be read: ", storePath);
-}
-
-StoreHeader::~StoreHeader() { munmap(mPage, headerSize); }
-
-std::uint32_t StoreHeader::ChangeCounter() const {
-  const auto *place = reinterpret_cast<const std::uint32_t *>(static_cast<const char *>(mPage) + changeCounterOffset);
-  // An aligned load in one piece: another program may be writing the number at this moment.
-  return be32toh(__atomic_load_n(place, __ATOMIC_ACQUIRE));
+void CheckIsFile(const std::string &path) {
+  struct stat status {};
+  if (stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode))
+    throw RuntimeError(ErrorNumber::PathFileAccess,
+                       "This is no file, but stands in the place of one of the settings: " + path);
 }
 
 void MakeHomeFolder(const SettingsPaths &paths) {
@@ -126,7 +132,10 @@ Descriptor OpenForReading(const std::string &path) {
 }
 
 Descriptor OpenAfresh(const std::string &path) {
-  Descriptor descriptor(open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600));
+  Descriptor descriptor(open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NONBLOCK | O_CLOEXEC, 0600));
+  const int error = errno;
+  CheckIsFile(path);
+  errno = error;
   if (!descriptor.IsOpen())
     FailOn("A settings file cannot be made: ", path);
   return descriptor;

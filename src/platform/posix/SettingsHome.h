@@ -34,34 +34,12 @@ public:
   enum class Mode { Shared, Alone };
 
   /// Waits for patience, then throws RuntimeError 70. A lock file that cannot be made (in a read-only folder, where
-  /// nobody can replace the store either) is an error only for Mode::Alone: RuntimeError 75.
+  /// nobody can replace the store either) is an error only for Mode::Alone: RuntimeError 75. So is, for both, a folder
+  /// or pipe in the place of the lock, the store or its journal: SQLite would wait for a pipe's other end.
   SettingsLock(const SettingsPaths &paths, Mode mode, std::chrono::milliseconds patience);
 
 private:
   Descriptor mLockFile;
-};
-
-/// The header of the store, mapped into memory so that a look at it costs no system call.
-class StoreHeader {
-public:
-  /// Throws RuntimeError 75 when the file cannot be read.
-  ///
-  /// Opens the file and closes it again. Closing any descriptor of a file drops all locks that this process has on it,
-  /// SQLite's too. That is harmless as long as no transaction is under way in this process, which holds because the
-  /// program has one thread and every transaction begins and ends inside one call that runs no code of its caller.
-  ///
-  /// The mapping needs a file of at least one page as long as it lasts. A store is never shorter: it comes into being
-  /// complete, under another name, and SQLite cuts off only pages behind the first.
-  explicit StoreHeader(const std::string &storePath);
-  StoreHeader(const StoreHeader &) = delete;
-  StoreHeader &operator=(const StoreHeader &) = delete;
-  ~StoreHeader();
-
-  /// The number that SQLite raises by one with every transaction that changes the file.
-  std::uint32_t ChangeCounter() const;
-
-private:
-  void *mPage = nullptr;
 };
 
 /// Makes the home folder, its owner's alone, when it is missing. Throws RuntimeError 75.
@@ -69,11 +47,13 @@ void MakeHomeFolder(const SettingsPaths &paths);
 /// Throws RuntimeError 75 unless the owner may write the store. Asks for the permission bits, which hold for the
 /// superuser as well.
 void CheckWritable(const SettingsPaths &paths);
+/// Throws RuntimeError 75 where something else than a file stands. Nothing may stand there at all.
+void CheckIsFile(const std::string &path);
 /// Size in bytes; -1 when there is no such file.
 std::int64_t SizeOfFile(const std::string &path);
 /// Opens a file for reading. The descriptor is not open when that fails.
 Descriptor OpenForReading(const std::string &path);
-/// Creates or empties a file that only its owner can read. Throws RuntimeError 75.
+/// Creates or empties a file that only its owner can read. Throws RuntimeError 75, also where a folder or pipe stands.
 Descriptor OpenAfresh(const std::string &path);
 /// Copies the rest of source into destination, which is created, and flushes it to disk. Throws RuntimeError.
 void CopyFlushed(const Descriptor &source, const std::string &destination);

@@ -46,6 +46,7 @@ bool IsDamaged(const SettingsPaths &paths, std::chrono::milliseconds patience) {
 
 /// Makes a complete copy of the good copy, ready to be renamed. False when there is no good copy or it is damaged.
 bool PrepareGoodCopy(const SettingsPaths &paths, std::chrono::milliseconds patience) {
+  CheckIsFile(paths.goodCopy);
   if (SizeOfFile(paths.goodCopy) < 0)
     return false;
   const Descriptor goodCopy = OpenForReading(paths.goodCopy);
@@ -76,15 +77,15 @@ std::string ReplaceStore(const SettingsPaths &paths, bool hasPreparedCopy) {
          "The settings start empty.";
 }
 
-void Tell(MessageBoxes &boxes, const std::string &words) {
+} // namespace
+
+void TellPlainly(MessageBoxes &boxes, const std::string &words) {
   try {
     boxes.Show({words, "TurfDesk", BoxButtons::Ok, BoxIcon::None});
   } catch (const std::exception &) {
     // The caller has told of the failure that led here.
   }
 }
-
-} // namespace
 
 std::string RepairSettings(const SettingsPaths &paths, std::chrono::milliseconds patience) {
   // Alone, so that of two programs that start a repair at once the second one finds the store that the first one has
@@ -102,6 +103,7 @@ std::string RepairSettings(const SettingsPaths &paths, std::chrono::milliseconds
 }
 
 void CopyGoodSettings(const SettingsPaths &paths) {
+  CheckIsFile(paths.goodCopy);
   if (StateOf(paths.store) == StateOf(paths.goodCopy))
     return;
   // A store that is in use right now is copied at another start.
@@ -128,12 +130,12 @@ void RestoreSettings(const std::string &home, MessageBoxes &boxes) {
     words = error.what();
   }
   if (!words.empty())
-    Tell(boxes, words);
+    TellPlainly(boxes, words);
 }
 
 void TellBusySettings(const std::string &home, MessageBoxes &boxes) {
-  Tell(boxes,
-       "The settings were in use by another program. Nothing was changed:" + (emptyLine + SettingsPaths(home).store));
+  TellPlainly(boxes, "The settings were in use by another program. Nothing was changed:" +
+                         (emptyLine + SettingsPaths(home).store));
 }
 
 void RefreshGoodCopy(const std::string &home) {

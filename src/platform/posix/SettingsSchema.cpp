@@ -3,6 +3,7 @@
 
 #include "platform/posix/SettingsSchema.h"
 
+#include <algorithm>
 #include <array>
 #include <unordered_map>
 
@@ -51,12 +52,12 @@ void CreateStore(const std::string &path) {
 }
 
 bool HasOurTables(SqliteConnection &connection) {
-  // SQLite keeps tables of its own, such as the statistics that somebody may have had it gather.
-  SqliteStatement statement(connection, "SELECT sql FROM sqlite_master WHERE name NOT LIKE 'sqlite_%' ORDER BY name");
-  for (const char *table : tables)
-    if (!statement.Step() || statement.Text(0) != table)
-      return false;
-  return !statement.Step();
+  // Whatever else there is, such as another program's index or trigger, has no say in what our rows mean. The store
+  // would otherwise be set aside, with all that is newer than the last good copy.
+  SqliteStatement statement(connection, "SELECT sql FROM sqlite_master WHERE type = 'table' AND "
+                                        "name IN ('entries', 'keys') ORDER BY name");
+  return std::ranges::all_of(
+      tables, [&statement](const char *table) { return statement.Step() && statement.Text(0) == table; });
 }
 
 bool ReadValue(SqliteStatement &row, SettingsValue &value) {

@@ -42,7 +42,7 @@ SettingsValue ValueOf(const RegistryData &data) {
 } // namespace
 
 SettingsStore::Session::Session(const std::string &storePath, std::chrono::milliseconds patience)
-    : header(storePath), connection(storePath, patience),
+    : connection(storePath, patience),
       insertKey(connection, "INSERT INTO keys (parent, folded, name, id) VALUES (?, ?, ?, ?)"),
       deleteValues(connection, "DELETE FROM entries WHERE key = ?"),
       deleteKey(connection, "DELETE FROM keys WHERE parent = ? AND folded = ?"),
@@ -64,6 +64,8 @@ SettingsStore::SettingsStore(const std::string &home, std::chrono::milliseconds 
 SettingsStore::~SettingsStore() = default;
 
 void SettingsStore::Open() {
+  if (SizeOfFile(mPaths.store) < 0)
+    throw RuntimeError(ErrorNumber::PathFileAccess, "The settings file is missing: " + mPaths.store);
   auto session = std::make_unique<Session>(mPaths.store, mPatience);
   UseDurableJournal(session->connection);
   SqliteTransaction transaction(session->connection, "BEGIN");
@@ -73,9 +75,12 @@ void SettingsStore::Open() {
   mSession = std::move(session);
 }
 
-void SettingsStore::Reload() {
+void SettingsStore::Follow() {
+  const bool hasMoved = mSession->connection.HasMoved();
+  if (!hasMoved && mSession->connection.ChangeCounter() == mChangeCounter)
+    return;
   const SettingsLock lock(mPaths, SettingsLock::Mode::Shared, mPatience);
-  if (mSession->connection.HasMoved()) {
+  if (hasMoved || mSession->connection.HasMoved()) {
     Open();
     return;
   }
@@ -89,7 +94,15 @@ void SettingsStore::ReadTree(Session &session) {
   mChangeCounter = noCounter;
   mTree = LoadTree(session.connection);
   // Reading has locked the file, so until the transaction ends the counter is the one that belongs to what was read.
-  mChangeCounter = session.header.ChangeCounter();
+  mChangeCounter = session.connection.ChangeCounter();
+}
+
+void SettingsStore::HoldStill(bool still) {
+  mIsStill = false;
+  if (!still)
+    return;
+  Follow();
+  mIsStill = true;
 }
 
 const SettingsKey *SettingsStore::FindAnew(RegistryRoot root, std::string_view keyPath) {
@@ -318,7 +331,7 @@ void SettingsStore::Transact(const std::function<void()> &work, Outcome outcome)
 bool SettingsStore::TryTransact(const std::function<void()> &work, Outcome outcome, OnFailedCommit onFailedCommit) {
   SqliteConnection &connection = mSession->connection;
   SqliteTransaction transaction(connection, "BEGIN IMMEDIATE");
-  if (mSession->header.ChangeCounter() != mChangeCounter)
+  if (connection.ChangeCounter() != mChangeCounter)
     ReadTree(*mSession);
   // Until the commit has succeeded the tree in memory may hold what the file will not.
   const auto counter = static_cast<std::uint32_t>(std::exchange(mChangeCounter, noCounter));
@@ -337,7 +350,7 @@ bool SettingsStore::TryTransact(const std::function<void()> &work, Outcome outco
     return false;
   }
   const std::uint32_t ownCounter = connection.TotalChanges() == changesBefore ? counter : counter + 1;
-  if (mSession->header.ChangeCounter() == ownCounter)
+  if (connection.ChangeCounter() == ownCounter)
     mChangeCounter = ownCounter;
   return true;
 }

@@ -23,8 +23,8 @@ namespace turfdesk {
 ///
 /// Reads are answered from a copy of the tree in memory. It is valid as long as the change counter in the file's header
 /// is the one that it was read with, and each read looks at that counter first, so a change made by another program is
-/// seen by the next read. Every write is durable when the call returns. A process that dies in the middle of a write
-/// leaves a file that opens with the state before it or after it.
+/// seen by the next read; so is a file that was replaced, cut or removed. Every write is durable when the call returns.
+/// A process that dies in the middle of a write leaves a file that opens with the state before it or after it.
 ///
 /// Key paths and names are as RegistryService describes them. Failures are thrown as RuntimeError with words fit to
 /// show; DamagedSettings when the file calls for the repair.
@@ -39,12 +39,15 @@ public:
 
   /// nullptr when there is no such key. The key is valid until the next call of any member.
   const SettingsKey *Find(RegistryRoot root, std::string_view keyPath) {
-    if (mSession->header.ChangeCounter() != mChangeCounter)
-      Reload();
+    if (!mIsStill)
+      Follow();
     if (mLastKey && root == mLastRoot && keyPath == mLastPath)
       return mLastKey;
     return FindAnew(root, keyPath);
   }
+
+  /// From true to false, reads are answered from the tree as it was at the beginning and cost no look at the file.
+  void HoldStill(bool still);
 
   /// Makes the key, parents included, when it is absent. Throws RuntimeError 52 when the path cannot name a key.
   void CreateKey(RegistryRoot root, std::string_view keyPath);
@@ -65,8 +68,6 @@ private:
   struct Session {
     Session(const std::string &storePath, std::chrono::milliseconds patience);
 
-    // The header comes first: it must be mapped before SQLite opens the file.
-    StoreHeader header;
     SqliteConnection connection;
     SqliteStatement insertKey;
     SqliteStatement deleteValues;
@@ -77,7 +78,8 @@ private:
   };
 
   void Open();
-  void Reload();
+  /// Brings the tree up to date with the file that bears the store's name now. Throws when there is none.
+  void Follow();
   void ReadTree(Session &session);
   const SettingsKey *FindAnew(RegistryRoot root, std::string_view keyPath);
   bool IsBesideLast(RegistryRoot root, std::string_view keyPath) const;
@@ -106,6 +108,7 @@ private:
   SettingsTree mTree;
   /// The counter that mTree belongs to; a number that no counter has when mTree cannot be relied on.
   std::int64_t mChangeCounter = -1;
+  bool mIsStill = false;
   /// The key found last, since most reads come several to a key and its neighbours next.
   const SettingsKey *mLastKey = nullptr;
   RegistryRoot mLastRoot = RegistryRoot::LocalMachine;

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
+#include <endian.h>
 #include <utility>
 
 namespace turfdesk {
@@ -16,6 +18,8 @@ struct FailureWords {
   ErrorNumber number;
   const char *words;
 };
+
+constexpr std::int64_t changeCounterOffset = 24;
 
 constexpr std::array<FailureWords, 11> failureTable{{
     {SQLITE_BUSY, ErrorNumber::PermissionDenied, "The settings are in use by another program: "},
@@ -31,6 +35,17 @@ constexpr std::array<FailureWords, 11> failureTable{{
     {SQLITE_NOLFS, ErrorNumber::DeviceIo, "The settings file cannot be read or written: "},
 }};
 
+/// What a result code stands for, which may be one that came from a shortage.
+int CauseOf(int code, sqlite3 *database) {
+  // A failure of the memory allocation comes as one of the reading where the file's size was to be learned.
+  return sqlite3_extended_errcode(database) == SQLITE_IOERR_NOMEM ? SQLITE_NOMEM : code & 0xff;
+}
+
+bool IsShortOfFiles(int primaryCode, sqlite3 *database) {
+  const int error = sqlite3_system_errno(database);
+  return (primaryCode == SQLITE_CANTOPEN || primaryCode == SQLITE_IOERR) && (error == EMFILE || error == ENFILE);
+}
+
 } // namespace
 
 SqliteConnection::SqliteConnection(std::string path, std::chrono::milliseconds patience) : mPath(std::move(path)) {
@@ -40,6 +55,8 @@ SqliteConnection::SqliteConnection(std::string path, std::chrono::milliseconds p
   if (code != SQLITE_OK)
     Fail(code);
   sqlite3_busy_timeout(database, static_cast<int>(patience.count()));
+  // What another program may have put beside our tables does no harm as long as it does nothing.
+  sqlite3_db_config(database, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
 }
 
 void SqliteConnection::Execute(const char *sql) {
@@ -59,8 +76,21 @@ bool SqliteConnection::HasMoved() {
   return hasMoved != 0;
 }
 
+std::uint32_t SqliteConnection::ChangeCounter() {
+  // Through SQLite's own descriptor: closing another one would drop the locks that SQLite has on the file.
+  sqlite3_file *file = nullptr;
+  sqlite3_file_control(mDatabase.get(), nullptr, SQLITE_FCNTL_FILE_POINTER, &file);
+  std::uint32_t bytes = 0;
+  const int code = file->pMethods->xRead(file, &bytes, sizeof bytes, changeCounterOffset);
+  if (code != SQLITE_OK && code != SQLITE_IOERR_SHORT_READ)
+    Fail(code);
+  return be32toh(bytes);
+}
+
 void SqliteConnection::Fail(int code) const {
-  const int primaryCode = code & 0xff;
+  const int primaryCode = CauseOf(code, mDatabase.get());
+  if (IsShortOfFiles(primaryCode, mDatabase.get()))
+    throw RuntimeError(ErrorNumber::TooManyFiles, "Too many files are open to use the settings: " + mPath);
   const auto *const failure = std::find_if(failureTable.begin(), failureTable.end(),
                                            [&](const FailureWords &row) { return row.code == primaryCode; });
   // What is left says that the file is no database, or not one with our tables.

@@ -35,6 +35,9 @@ public:
   std::string QueryText(const char *sql);
   /// Has the file been renamed, replaced or deleted since it was opened?
   bool HasMoved();
+  /// The number in the file's header that SQLite raises by one with every transaction that changes the file. Reads the
+  /// file and takes no lock. 0 when the file has been cut to nothing.
+  std::uint32_t ChangeCounter();
   /// Rows changed since the connection was opened.
   std::int64_t TotalChanges() const { return sqlite3_total_changes64(mDatabase.get()); }
 

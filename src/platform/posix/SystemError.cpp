@@ -40,6 +40,8 @@ constexpr Meaning Meanings[] = {
     {EHOSTDOWN, ErrorNumber::DeviceUnavailable},
     {ENOMEDIUM, ErrorNumber::DiskNotReady},
     {ENOMEM, ErrorNumber::OutOfMemory},
+    {EMFILE, ErrorNumber::TooManyFiles},
+    {ENFILE, ErrorNumber::TooManyFiles},
 };
 
 } // namespace

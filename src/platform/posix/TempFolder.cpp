@@ -9,7 +9,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cstdlib>
+#include <cerrno>
 #include <filesystem>
 #include <system_error>
 #include <vector>
@@ -56,11 +56,15 @@ private:
 std::string MakeTempFolder(const std::string &parent) {
   static FoldersToRemove foldersToRemove;
   RemoveAbandoned(parent, TempFolderNames, S_IFDIR);
-  std::string path = parent + "/" + std::string(TempFolderNames.beginning) + "XXXXXX";
-  if (mkdtemp(path.data()) == nullptr)
-    return "";
-  foldersToRemove.Add(path);
-  return path;
+  for (;;) {
+    std::string path = parent + "/" + FreshName(TempFolderNames);
+    if (mkdir(path.c_str(), S_IRWXU) == 0) {
+      foldersToRemove.Add(path);
+      return path;
+    }
+    if (errno != EEXIST)
+      return "";
+  }
 }
 
 } // namespace turfdesk

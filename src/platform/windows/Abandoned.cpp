@@ -10,6 +10,8 @@
 
 #include <windows.h>
 
+#include <algorithm>
+#include <array>
 #include <random>
 
 namespace turfdesk {
@@ -26,49 +28,72 @@ std::uint64_t Now() {
   return std::uint64_t{now.dwHighDateTime} << 32U | now.dwLowDateTime;
 }
 
-bool IsLink(const FolderEntry &entry) { return (entry.attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0; }
-bool IsFolder(const FolderEntry &entry) { return (entry.attributes & FILE_ATTRIBUTE_DIRECTORY) != 0; }
+bool IsLink(std::uint32_t attributes) { return (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0; }
+bool IsFolder(std::uint32_t attributes) { return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0; }
 
-void RemoveEntry(const std::wstring &path, const FolderEntry &entry) {
-  if ((entry.attributes & FILE_ATTRIBUTE_READONLY) != 0)
-    SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
-  if (!IsFolder(entry))
-    DeleteFileW(path.c_str());
-  else if (IsLink(entry))
-    RemoveDirectoryW(path.c_str());
-  else
-    RemoveWithContents(path);
+/// The path that an open file or folder has at this moment, all links in it resolved; "" when it cannot be told.
+std::wstring PathOfOpen(const SystemHandle &file) {
+  std::wstring path(MAX_PATH, L'\0');
+  DWORD length = GetFinalPathNameByHandleW(file.Get(), path.data(), static_cast<DWORD>(path.size()), 0);
+  if (length > path.size()) {
+    path.resize(length);
+    length = GetFinalPathNameByHandleW(file.Get(), path.data(), static_cast<DWORD>(path.size()), 0);
+  }
+  path.resize(length < path.size() ? length : 0);
+  return path;
 }
 
-bool IsInUse(const std::wstring &path) {
-  SystemHandle handle;
-  return OpenExisting(path, DELETE, 0, handle) != 0;
+/// Opens a file, folder or link, and not what a link leads to. Nobody can delete it, rename it or put something else in
+/// its place while it is open.
+SystemHandle OpenForRemoval(const std::wstring &path) {
+  constexpr DWORD access = DELETE | FILE_READ_ATTRIBUTES | FILE_WRITE_ATTRIBUTES;
+  constexpr DWORD flags = FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT;
+  return SystemHandle(CreateFileW(path.c_str(), access, FILE_SHARE_READ, nullptr, OPEN_EXISTING, flags, nullptr));
+}
+
+/// Removes what is open, with all that it holds.
+///
+/// A folder for temporary files may be open to others, who might put a link in the place of a folder while this one
+/// goes through it. So what is removed is what was opened, and that only where the disk says that it lies in its
+/// folder.
+void RemoveOpen(const SystemHandle &opened, const std::wstring &path) {
+  FILE_BASIC_INFO facts = {};
+  const std::wstring place = PathOfOpen(opened);
+  if (place.empty() || GetFileInformationByHandleEx(opened.Get(), FileBasicInfo, &facts, sizeof(facts)) == 0)
+    return;
+  if (IsFolder(facts.FileAttributes) && !IsLink(facts.FileAttributes))
+    ForEachEntry(path, [&](const FolderEntry &entry) {
+      const std::wstring entryPath = EntryPath(path, entry.name);
+      if (const SystemHandle inner = OpenForRemoval(entryPath); PathOfOpen(inner) == EntryPath(place, entry.name))
+        RemoveOpen(inner, entryPath);
+    });
+  if ((facts.FileAttributes & FILE_ATTRIBUTE_READONLY) != 0) {
+    facts.FileAttributes = FILE_ATTRIBUTE_NORMAL;
+    SetFileInformationByHandle(opened.Get(), FileBasicInfo, &facts, sizeof(facts));
+  }
+  FILE_DISPOSITION_INFO disposition = {TRUE};
+  SetFileInformationByHandle(opened.Get(), FileDispositionInfo, &disposition, sizeof(disposition));
 }
 
 } // namespace
 
 std::wstring FreshName(const TemporaryNames &names) {
-  constexpr std::wstring_view letters = L"abcdefghijklmnopqrstuvwxyz234567";
-  std::random_device random;
-  std::wstring name = ToWide(names.beginning);
-  for (std::size_t i = 0; i < TemporaryNames::RandomLength; ++i)
-    name += letters[random() % letters.size()];
-  return name + ToWide(names.end);
+  std::random_device device;
+  std::array<std::uint8_t, TemporaryNames::RandomLength> random;
+  std::ranges::generate(random, [&device] { return static_cast<std::uint8_t>(device()); });
+  return ToWide(names.Name(random));
 }
 
 void RemoveWithContents(const std::wstring &folder) {
-  ForEachEntry(folder, [&folder](const FolderEntry &entry) { RemoveEntry(EntryPath(folder, entry.name), entry); });
-  RemoveDirectoryW(folder.c_str());
+  if (const SystemHandle opened = OpenForRemoval(folder); opened.IsOpen())
+    RemoveOpen(opened, folder);
 }
 
 void RemoveAbandoned(const std::wstring &folder, const TemporaryNames &names, TemporaryKind kind) {
   ForEachEntry(folder, [&](const FolderEntry &entry) {
-    const bool isOfKind = IsFolder(entry) == (kind == TemporaryKind::Folders) && !IsLink(entry);
-    if (!isOfKind || !names.Include(ToUtf8(entry.name)) || entry.modified + AbandonedAfterTicks > Now())
-      return;
-    const std::wstring path = EntryPath(folder, entry.name);
-    if (!IsInUse(path))
-      RemoveEntry(path, entry);
+    const bool isOfKind = IsFolder(entry.attributes) == (kind == TemporaryKind::Folders) && !IsLink(entry.attributes);
+    if (isOfKind && names.Include(ToUtf8(entry.name)) && entry.modified + AbandonedAfterTicks <= Now())
+      RemoveWithContents(EntryPath(folder, entry.name));
   });
 }
 

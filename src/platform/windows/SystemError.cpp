@@ -93,6 +93,7 @@ constexpr Meaning Meanings[] = {
     {ERROR_NOT_ENOUGH_MEMORY, ErrorNumber::OutOfMemory},
     {ERROR_OUTOFMEMORY, ErrorNumber::OutOfMemory},
     {ERROR_NO_SYSTEM_RESOURCES, ErrorNumber::OutOfMemory},
+    {ERROR_TOO_MANY_OPEN_FILES, ErrorNumber::TooManyFiles},
 };
 
 } // namespace

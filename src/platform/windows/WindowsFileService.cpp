@@ -27,6 +27,18 @@ namespace {
 /// In characters, with the terminating NUL.
 constexpr std::size_t LongestSystemPath = 32768;
 
+/// Is it certain that a path that fails so leads to no file?
+bool IsAbsence(std::uint32_t error) {
+  switch (NumberOfSystemError(error)) {
+  case ErrorNumber::FileNotFound:
+  case ErrorNumber::PathNotFound:
+  case ErrorNumber::BadFileName:
+    return true;
+  default:
+    return error == ERROR_INVALID_DRIVE;
+  }
+}
+
 std::uint32_t Delete(std::string_view path) {
   std::wstring systemPath;
   if (const std::uint32_t error = ToSystemPath(path, systemPath); error != 0)
@@ -119,6 +131,12 @@ bool WindowsFileService::DirExists(std::string_view path) {
 bool WindowsFileService::FileExists(std::string_view path) {
   FileFacts facts;
   return LookAt(path, facts) == 0 && !facts.isFolder;
+}
+
+bool WindowsFileService::FileMayExist(std::string_view path) {
+  FileFacts facts;
+  const std::uint32_t error = LookAt(path, facts);
+  return error == 0 ? !facts.isFolder : !IsAbsence(error);
 }
 
 double WindowsFileService::GetFileSize(std::string_view path) {

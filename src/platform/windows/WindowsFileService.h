@@ -17,6 +17,7 @@ public:
   bool DeleteFile(std::string_view path) override;
   bool DirExists(std::string_view path) override;
   bool FileExists(std::string_view path) override;
+  bool FileMayExist(std::string_view path) override;
   /// Throws RuntimeError 75 when no place for it can be found.
   std::string GetTempFolder() override;
   bool IsValidFilename(std::string_view text) override;

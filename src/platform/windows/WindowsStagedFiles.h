@@ -13,7 +13,7 @@
 
 namespace turfdesk {
 
-/// Until Commit the file is named ".turfdesk-XXXXXX.tmp" and marked to be deleted when it is closed, so that nothing of
+/// Until Commit the file has one of StagedFileNames and is marked to be deleted when it is closed, so that nothing of
 /// it is left behind even when the program is killed. What a failure of the machine has left under such a name is
 /// removed by the next that writes in the folder.
 class WindowsStagedFile final : public StagedFile {

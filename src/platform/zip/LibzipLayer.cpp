@@ -13,6 +13,7 @@
 #include <iterator>
 #include <limits>
 #include <new>
+#include <system_error>
 
 namespace turfdesk {
 
@@ -55,6 +56,9 @@ template <typename Work> std::int16_t LibzipLayer::Run(Work work) {
   } catch (const ZipFault &fault) {
     status = fault.Status();
   } catch (const std::bad_alloc &) {
+    status = ZipStatus::NotEnoughMemory;
+  } catch (const std::system_error &) {
+    // Only threads fail so, and they for want of memory.
     status = ZipStatus::NotEnoughMemory;
   } catch (const std::exception &) {
     status = ZipStatus::InternalLogic;

@@ -5,6 +5,8 @@
 
 #include "common/InjectedFault.h"
 
+#include <algorithm>
+
 namespace turfdesk::test {
 
 namespace {
@@ -158,17 +160,21 @@ TEST_F(CopyAndStageTest, AFailureOfTheVeryLastFlushLeavesNoNewFileButAWholeRepla
 TEST_F(CopyAndStageTest, WhatAKilledProgramLeftIsRemovedByTheNextWriteInTheFolder) {
   const auto atWork = mNewFiles.Create(R"(C:\Games\y)", true);
   Write(*atWork, "whole");
-  Put(R"(C:\Games\.turfdesk-abcdef.tmp)", "half a file");
-  Put(R"(C:\Games\.turfdesk-notes.tmp)", "a user's own");
-  std::filesystem::create_directory(Host(R"(C:\Games\.turfdesk-folder.tmp)"));
+  const Texts leftovers = {LeftoverName(StagedFileNames, 0), LeftoverName(StagedFileNames, 1),
+                           LeftoverName(StagedFileNames, 2)};
+  Texts staying = {".turfdesk-backup.tmp", ".turfdesk-ourtenletterword.tmp", leftovers[1], leftovers[2], "y"};
+  Put("C:\\Games\\" + leftovers[0], "half a file");
+  for (const std::string &own : {staying[0], staying[1]})
+    Put("C:\\Games\\" + own, "a user's own");
+  std::filesystem::create_directory(Host("C:\\Games\\" + leftovers[1]));
   for (const std::string &name : Entries(R"(C:\Games)"))
     MakeOld(Host(R"(C:\Games\)" + name));
-  Put(R"(C:\Games\.turfdesk-bcdefg.tmp)", "just begun");
+  Put("C:\\Games\\" + leftovers[2], "just begun");
 
   mNewFiles.Create(R"(C:\Games\z)", false);
   atWork->Commit(true);
-  EXPECT_EQ(Entries(R"(C:\Games)"),
-            (Texts{".turfdesk-bcdefg.tmp", ".turfdesk-folder.tmp", ".turfdesk-notes.tmp", "y"}));
+  std::ranges::sort(staying);
+  EXPECT_EQ(Entries(R"(C:\Games)"), staying);
   EXPECT_EQ(Content(R"(C:\Games\y)"), "whole");
 }
 

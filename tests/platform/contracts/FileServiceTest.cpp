@@ -80,9 +80,9 @@ TEST_F(FileServiceTest, TempFoldersThatWereLeftBehindAreRemovedByTheNextProcess)
   EXPECT_EQ(mService->GetTempFolder(), ours);
   const auto hostOf = [this](const std::string &path) { return samples::HostPath(mPlatform->ToHostPath(path)); };
   const std::filesystem::path parent = hostOf(FileService::GetPathPart(ours));
-  const auto left = parent / "turfdesk-temp-abcdef";
-  const auto young = parent / "turfdesk-temp-bcdefg";
-  const auto own = parent / "turfdesk-temporary";
+  const auto left = parent / LeftoverName(TempFolderNames, 0);
+  const auto young = parent / LeftoverName(TempFolderNames, 1);
+  const auto own = parent / "turfdesk-temp-backup";
   for (const auto &folder : {left, young, own}) {
     samples::WriteFile(folder / "deep" / "x", {});
     std::filesystem::permissions(folder, std::filesystem::perms::owner_all);

@@ -55,6 +55,7 @@ TEST_F(UnreachablePathsTest, FilesThatAreToBeUsed) {
       EXPECT_EQ(mService->LastError(), number) << path;
       EXPECT_EQ(mService->LastErrorText(), ErrorText(ErrorNumber{number}));
       EXPECT_FALSE(mService->FileExists(path)) << path;
+      EXPECT_EQ(mService->FileMayExist(path), number == 71) << path;
       EXPECT_EQ(mService->DirExists(path), number == 75) << path;
       EXPECT_EQ(mService->GetFileSize(path), 0) << path;
       std::unique_ptr<BinaryFile> file;
@@ -72,7 +73,7 @@ TEST_F(UnreachablePathsTest, FilesThatAreToBeMade) {
                          {71, {R"(A:\x)", R"(A:\folder\x)"}},
                          {75, {R"(C:\locked)", R"(C:\folder)", "C:\\"}},
                          {76, mNoPaths}};
-  cases[52].emplace_back(R"(C:\.turfdesk-abcdef.tmp)");
+  cases[52].emplace_back("C:\\" + LeftoverName(StagedFileNames));
   cases[76].emplace_back(R"(C:\file\x\y)");
   Expect(cases, [this](const std::string &path) { mPlatform->NewFiles().Create(path, true); });
   cases[76].emplace_back(R"(C:\none\x)");

@@ -85,7 +85,7 @@ TEST_F(DesktopTest, TheTempFolderIsOnADriveThatThereIs) {
 
 TEST_F(DesktopTest, TheTempFolderIsItsOwnersAloneAndOnlyHeRemovesIt) {
   // Of the right name, but open to all.
-  const std::filesystem::path another = Host(R"(C:\temp\turfdesk-temp-abcdef)");
+  const std::filesystem::path another = Host(R"(C:\temp\)" + LeftoverName(TempFolderNames));
   std::filesystem::create_directories(another);
   std::filesystem::permissions(another, std::filesystem::perms{0755});
   MakeOld(another);

@@ -82,7 +82,7 @@ TEST_F(SpecialFilesTest, ListsHaveWhatAWindowsPathCanName) {
   EXPECT_EQ(mPlatform->Folders().Subfolders("C:\\"), (Texts{"Alias", "sub"}));
 }
 
-TEST_F(SpecialFilesTest, ListsStartInAFolderThatHasAPathAndMayBeRead) {
+TEST_F(SpecialFilesTest, ListsStartInAFolderThatMayBeReadAndAFileInAClosedOneMayBeThere) {
   Put(R"(C:\Games\x)");
   std::filesystem::current_path(Host(R"(C:\Games)"));
   for (const auto &folder : {mHome.Path(), mHome.Path() / "drives", DriveOf(mHome.Path())})
@@ -93,9 +93,12 @@ TEST_F(SpecialFilesTest, ListsStartInAFolderThatHasAPathAndMayBeRead) {
   constexpr uid_t nobody = 65534;
   ASSERT_TRUE(user != 0 || seteuid(nobody) == 0);
   const std::string start = mPlatform->Folders().StartFolder();
+  const bool exists = mService->FileExists(R"(C:\Games\x)");
+  const bool mayExist = mService->FileMayExist(R"(C:\Games\x)");
   ASSERT_EQ(user == 0 ? seteuid(user) : 0, 0);
   std::filesystem::permissions(Host(R"(C:\Games)"), perms::owner_all);
   EXPECT_EQ(start, "C:\\");
+  EXPECT_EQ((std::pair{exists, mayExist}), (std::pair{false, true}));
   std::filesystem::current_path("/");
   std::filesystem::remove(mHome.Path() / "drives/z:");
   EXPECT_EQ(mPlatform->Folders().StartFolder(), "C:\\");

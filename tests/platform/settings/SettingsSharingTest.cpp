@@ -10,6 +10,8 @@
 #include "platform/posix/SettingsRepair.h"
 
 #include <functional>
+#include <sys/resource.h>
+#include <sys/stat.h>
 #include <thread>
 
 namespace turfdesk::test {
@@ -169,6 +171,105 @@ TEST_F(SettingsSharingTest, FollowsAStoreThatWasReplaced) {
   mSecond.SetStringValue("Name", "second");
   EXPECT_EQ(mSecond.LastErrorText(), "");
   EXPECT_EQ(reader.GetStringValue("Name"), "second");
+}
+
+TEST_F(SettingsSharingTest, WhatBecameOfTheFileIsToldByTheNextRead) {
+  struct Loss {
+    const char *words;
+    std::function<void(const SettingsPaths &)> inflict;
+  };
+  const auto replaceBy = [](const SettingsPaths &paths, const std::string &content) {
+    std::ofstream(paths.unfinished, std::ios::binary) << content;
+    std::filesystem::rename(paths.unfinished, paths.store);
+  };
+  const Loss losses[] = {
+      {"is damaged", [](const SettingsPaths &paths) { std::filesystem::resize_file(paths.store, 0); }},
+      {"is damaged", [&](const SettingsPaths &paths) { replaceBy(paths, "no database"); }},
+      {"is missing", [](const SettingsPaths &paths) { std::filesystem::remove(paths.store); }},
+      {"is missing", [](const SettingsPaths &paths) { std::filesystem::rename(paths.home, paths.home + " away"); }},
+      {"is no file",
+       [](const SettingsPaths &paths) {
+         std::filesystem::remove(paths.store);
+         std::filesystem::create_directory(paths.store);
+       }},
+  };
+  for (const Loss &loss : losses) {
+    SCOPED_TRACE(&loss - losses);
+    const TemporaryHome home;
+    PosixRegistryService service(home.Path(), shortPatience);
+    ASSERT_TRUE(service.OpenKey("One", true));
+    loss.inflict(home.Paths());
+    for (int time = 0; time < 2; ++time) {
+      try {
+        service.ValueExists("Name");
+        ADD_FAILURE() << "nothing was thrown";
+      } catch (const RuntimeError &error) {
+        EXPECT_NE(error.Description().find(loss.words), std::string::npos) << error.Description();
+        EXPECT_TRUE(error.Description().ends_with(home.Paths().store)) << error.Description();
+      }
+    }
+  }
+}
+
+TEST_F(SettingsSharingTest, WhileItIsHeldStillAChangeOfAnotherIsNotSeen) {
+  mSecond.HoldStill(true);
+  mFirst.SetStringValue("Name", "changed");
+  EXPECT_EQ(mSecond.GetStringValue("Name"), "first");
+  mSecond.HoldStill(false);
+  EXPECT_EQ(mSecond.GetStringValue("Name"), "changed");
+}
+
+TEST_F(SettingsSharingTest, PipesAndFoldersInThePlaceOfItsFilesAreNeitherWaitedForNorReplaced) {
+  const auto expectRefusal = [](const std::string &path, const std::function<void()> &call) {
+    try {
+      call();
+      ADD_FAILURE() << "nothing was thrown";
+    } catch (const RuntimeError &error) {
+      EXPECT_EQ(error.Description(), "This is no file, but stands in the place of one of the settings: " + path);
+    }
+    EXPECT_FALSE(std::filesystem::is_regular_file(path));
+  };
+  for (const auto make :
+       {+[](const char *path) { return mkfifo(path, 0600); }, +[](const char *path) { return mkdir(path, 0700); }}) {
+    const TemporaryHome home;
+    const SettingsPaths paths = home.Paths();
+    for (const std::string &path :
+         {paths.lock, paths.store, JournalOf(paths.store), paths.goodCopy, paths.unfinished}) {
+      { const SettingsStore made(home.Path()); }
+      std::filesystem::remove(path);
+      ASSERT_EQ(make(path.c_str()), 0);
+      const bool isForGoodCopy = path == paths.goodCopy || path == paths.unfinished;
+      if (isForGoodCopy)
+        expectRefusal(path, [&] { CopyGoodSettings(paths); });
+      else
+        expectRefusal(path, [&] { const SettingsStore store(home.Path(), shortPatience); });
+      if (path == paths.goodCopy) {
+        std::filesystem::resize_file(paths.store, 5000);
+        expectRefusal(path, [&] { RepairSettings(paths, shortPatience); });
+        std::filesystem::remove(paths.store);
+      }
+      std::filesystem::remove(path);
+    }
+  }
+}
+
+TEST_F(SettingsSharingTest, TooManyOpenFilesAreToldAsSuch) {
+  rlimit before{};
+  getrlimit(RLIMIT_NOFILE, &before);
+  const int next = dup(0);
+  close(next);
+  for (const rlim_t more : {0U, 1U}) {
+    const rlimit few{static_cast<rlim_t>(next) + more, before.rlim_max};
+    setrlimit(RLIMIT_NOFILE, &few);
+    try {
+      PosixRegistryService(mHome.Path(), shortPatience);
+      ADD_FAILURE() << "nothing was thrown";
+    } catch (const RuntimeError &error) {
+      EXPECT_EQ(error.Description(),
+                "Too many files are open to use the settings: " + (more == 0 ? mHome.Paths().lock : mStore));
+    }
+    setrlimit(RLIMIT_NOFILE, &before);
+  }
 }
 
 TEST_F(SettingsSharingTest, AStoreInAnotherJournalModeIsBroughtBackToOurs) {
