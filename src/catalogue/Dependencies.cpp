@@ -5,6 +5,7 @@
 
 #include "catalogue/Catalogue.h"
 #include "catalogue/CatalogueRows.h"
+#include "platform/ShownText.h"
 #include "support/Prompts.h"
 #include "support/StringTable.h"
 #include "support/basVorinString.h"
@@ -24,7 +25,7 @@ void TellCoursesOutOfReach(SharedState &state) {
   std::string words;
   for (const auto &[key, reason] : state.coursesOutOfReach)
     if (const Row *course = state.lstCourses.FindKey(key))
-      words += Newlines(1) + course->Text() + ": " + reason;
+      words += Newlines(1) + AsOneLine(course->Text()) + ": " + reason;
   if (!words.empty())
     ShowInfo(state, "These courses could not be read, and may use the libraries that you are asked about." +
                         Newlines(1) + words);
@@ -32,7 +33,7 @@ void TellCoursesOutOfReach(SharedState &state) {
 
 bool AskAboutOrphan(SharedState &state, std::string_view libraryKey, std::string_view question) {
   return AskYesNo(state, LoadResString(StringId::CourseAloneUsesLibrary) + Newlines(2) +
-                             GetLibraryName(state, libraryKey) + Newlines(2) + std::string(question));
+                             AsOneLine(GetLibraryName(state, libraryKey)) + Newlines(2) + std::string(question));
 }
 
 } // namespace

@@ -111,4 +111,57 @@ TEST_F(ManageCommandsTest, ClearStatisticsDeletesTheGamesFile) {
   EXPECT_FALSE(Exists(file));
 }
 
+TEST_F(TurfctlTest, LettersThatWindowsTellsApartMakeOtherFilesAndFolders) {
+  const samples::CourseSpec first{.name = "First"};
+  const samples::CourseSpec second{.name = "Second"};
+  const std::pair<std::string, std::string> pairs[] = {
+      {"Straße", "Strasse"}, {"oﬃce", "office"}, {"\u212A", "k"}, {"\u00E9", "e\u0301"}, {"ς", "σ"}};
+  for (const auto &[one, other] : pairs) {
+    const auto exists = [this](const std::string &name) { return std::filesystem::exists(Host(name)); };
+    samples::WriteCourse(Host("In/" + one + ".hlc"), first);
+    samples::WriteCourse(Host("To/" + other + ".hlc"), second);
+    ASSERT_EQ(Run("--yes install 'C:\\In\\" + one + ".hlc' 'C:\\To\\" + other + ".hlc'").status, 0);
+    EXPECT_EQ(Run("--yes move First --to 'C:\\To'").status, 0);
+    EXPECT_TRUE(exists("To/" + one + ".hlc") && exists("To/" + other + ".hlc")) << one;
+    EXPECT_EQ(Run("--yes uninstall Second").status, 0);
+    EXPECT_TRUE(exists("To/" + one + ".hlc") && !exists("To/" + other + ".hlc")) << one;
+    EXPECT_EQ(Run("--yes uninstall First").status, 0);
+
+    samples::WriteCourse(Host(one + "/Elm.hlc"), first);
+    std::filesystem::create_directories(Host(other));
+    EXPECT_EQ(Run("--yes install 'C:\\" + one + "\\Elm.hlc' --to 'C:\\" + other + "'").status, 0);
+    EXPECT_TRUE(exists(other + "/Elm.hlc")) << one;
+    EXPECT_EQ(Run("--yes uninstall First").status, 0);
+
+    samples::WritePackage(Host("in.hlz"), {{"Elm.hlc", samples::CourseBytes(elm)},
+                                           {one + ".hlb", samples::LibraryBytes(grass)},
+                                           {other + ".hlb", samples::LibraryBytes(trees)}});
+    std::filesystem::create_directories(Host("Golf"));
+    EXPECT_EQ(Run("--no install 'C:\\in.hlz' --to 'C:\\Golf'").status, 0) << one;
+    EXPECT_TRUE(exists("Golf/" + one + ".hlb") && exists("Golf/" + other + ".hlb")) << one;
+    EXPECT_EQ(Run("--yes uninstall 'Old Elm'").status, 0);
+  }
+}
+
+TEST_F(TurfctlTest, NamesNeitherCommandTheTerminalNorForgeLines) {
+  const samples::CourseSpec evil{.name = "Elm\x1B[2J\r\nyes\u009D"};
+  const std::string file = "C:\\Elm\u202Eclh.hlc";
+  const std::string name = "Elm\\x1B[2J\\x0D\\x0Ayes\\x9D";
+  samples::WriteCourse(Host("Elm\u202Eclh.hlc"), evil);
+  const Outcome installed = Run("install '" + file + "'");
+  ASSERT_EQ(installed.status, 0) << installed.errors;
+  EXPECT_TRUE(installed.output.starts_with("Elm\\u202Eclh.hlc: ")) << installed.output;
+  const std::string key = samples::KeyOf(evil);
+  EXPECT_EQ(Run("list --courses").output,
+            "Courses (1)\n  " + name + "\n      " + key + "  4 KB\n      C:\\Elm\\u202Eclh.hlc\n");
+  EXPECT_NE(Run("show " + key).output.find("\nname: " + name + "\n"), std::string::npos);
+  const std::string question = Run("--ask uninstall " + key).errors;
+  EXPECT_NE(question.find("\n\n" + name + "\nyes or no? no\n"), std::string::npos) << question;
+  EXPECT_NE(Run("settings get '\x1B[2J'").errors.find("\n\\x1B[2J\n"), std::string::npos);
+
+  const Json answer = Run("--json --no uninstall " + key).Answer();
+  EXPECT_TRUE(answer["messages"][0]["text"].get<std::string>().ends_with("\r\n\r\nElm\x1B[2J\r\nyes\u009D"));
+  EXPECT_EQ(Run("--json list").Answer()["courses"][0]["name"], "Elm\x1B[2J\r\nyes\u009D");
+}
+
 } // namespace turfdesk

@@ -4,7 +4,9 @@
 #include "platform/ListView.h"
 
 #include "platform/CaseFold.h"
+#include "platform/NameOrder.h"
 #include "platform/RuntimeError.h"
+#include "platform/ShownText.h"
 
 #include <gtest/gtest.h>
 
@@ -105,13 +107,13 @@ TEST(ListViewTest, FindItemMatchesTheBeginningOfTheTagInRowOrder) {
   EXPECT_EQ(list.FindItem("{tag-z}"), nullptr);
 }
 
-TEST(ListViewTest, SortsIgnoringCaseWithTiesByKeyAndKeepsOrderThroughChanges) {
+TEST(ListViewTest, SortsAsPeopleDoWithTiesByKeyAndKeepsOrderThroughChanges) {
   ListView list;
   for (const auto &[key, text] : {std::pair{"3", "pine"}, {"2", "Pine"}, {"1", "öl"}, {"4", "ÖK"}, {"5", "Ash"}})
     list.Add(key, text);
   Mirror mirror(list);
   list.SetSorted(true);
-  EXPECT_EQ(Texts(list), "Ash,Pine,pine,ÖK,öl");
+  EXPECT_EQ(Texts(list), "Ash,ÖK,öl,pine,Pine");
 
   Row &pine = *list.FindKey("3");
   list.Add("6", "oak");
@@ -119,7 +121,7 @@ TEST(ListViewTest, SortsIgnoringCaseWithTiesByKeyAndKeepsOrderThroughChanges) {
   list.FindKey("4")->SetText("aspen");
   list.RemoveByKey("5");
   list.FindKey("6")->SetText("OAK");
-  EXPECT_EQ(Texts(list), "aspen,OAK,Pine,Zelkova,öl");
+  EXPECT_EQ(Texts(list), "aspen,OAK,öl,Pine,Zelkova");
   EXPECT_EQ(mirror.Joined(), Texts(list));
   EXPECT_EQ(&pine, list.FindKey("3")) << "rows keep their address";
 }
@@ -156,13 +158,50 @@ TEST(ListViewTest, RemovingTheSelectedItemSelectsNothing) {
   EXPECT_EQ(list.SelectedItem(), nullptr);
 }
 
-TEST(CaseFoldTest, IgnoresCaseOfAllScriptsAndLeavesOtherBytesAlone) {
-  EXPECT_TRUE(EqualsIgnoringCase("COURSE.HLC", "course.hlc"));
-  EXPECT_TRUE(EqualsIgnoringCase("ÖRESUND ÉTÉ", "öresund été"));
-  EXPECT_TRUE(EqualsIgnoringCase("E\xCC\x81t\xC3\xA9", "\xC3\xA9t\xC3\xA9")) << "composed or not";
-  EXPECT_TRUE(EqualsIgnoringCase("STRASSE", "Straße"));
-  EXPECT_FALSE(EqualsIgnoringCase("course", "coarse"));
-  EXPECT_EQ(FoldCase("A\xFF\x80"), "a\xFF\x80");
+TEST(CaseFoldTest, TakesForOneNameWhatWindowsDoes) {
+  const std::pair<const char *, const char *> same[] = {{"COURSE.HLC", "course.hlc"},
+                                                        {"ÖRESUND ÉTÉ", "öresund été"},
+                                                        {"Ÿ", "ÿ"},
+                                                        {"Σ", "σ"},
+                                                        {"Ⱥ", "ⱥ"},
+                                                        {"\xFFÉ", "\xFFé"}};
+  for (const auto &[left, right] : same)
+    EXPECT_TRUE(EqualsIgnoringCase(left, right)) << left;
+  const std::pair<const char *, const char *> different[] = {{"Straße", "STRASSE"},
+                                                             {"ß", "ẞ"},
+                                                             {"oﬃce", "office"},
+                                                             {"\u212A", "k"},
+                                                             {"ſ", "s"},
+                                                             {"ς", "σ"},
+                                                             {"ı", "i"},
+                                                             {"İ", "i"},
+                                                             {"é", "e\u0301"},
+                                                             {"\u212B", "\u00E5"},
+                                                             {"ǅ", "ǆ"},
+                                                             {"\U00010400", "\U00010428"}};
+  for (const auto &[left, right] : different)
+    EXPECT_FALSE(EqualsIgnoringCase(left, right)) << left;
+  EXPECT_EQ(FoldCase("A\xFF\x80Ö\xC3"), "a\xFF\x80ö\xC3");
+}
+
+TEST(NameOrderTest, BaseLettersThenAccentsThenCase) {
+  std::vector<std::string> names = {"Zürich", "résumé",  "Resume",  "öl",     "\xFFx", "Ørsted", "Resumé",
+                                    "Ähre",   "oak",     "resumes", "resume", "Ahorn", "Ærø",    "RESUME",
+                                    "Straße", "Strasse", "Oslo",    "Ж",      "a b",   "Łódź",   "lob"};
+  SortForPeople(names, std::identity());
+  std::string joined;
+  for (const std::string &name : names)
+    joined += name + ",";
+  EXPECT_EQ(joined, "a b,Ærø,Ahorn,Ähre,lob,Łódź,oak,öl,Ørsted,Oslo,resume,Resume,RESUME,Resumé,résumé,resumes,"
+                    "Strasse,Straße,Zürich,Ж,\xFFx,");
+}
+
+TEST(ShownTextTest, OnlyTheMessagesOwnLineBreaksAreLineBreaks) {
+  const std::string name = "\x1B[2J\r\n\x7F\u009B\u2028\u202Eü\x9B";
+  const std::string message = "Delete?\r\n\r\n" + AsOneLine(name) + "\nYes";
+  EXPECT_EQ(WithEscapes(message), "Delete?\n\n\\x1B[2J\\x0D\\x0A\\x7F\\x9B\\u2028\\u202Eü\\x9B\nYes");
+  EXPECT_EQ(WithSymbols(message), "Delete?\n\n␛[2J␍␊␡\uFFFD␤⇄ü\uFFFD\nYes");
+  EXPECT_EQ(WithoutMarks(message), "Delete?\r\n\r\n" + name + "\nYes");
 }
 
 } // namespace turfdesk

@@ -331,7 +331,7 @@ void SettingsStore::Transact(const std::function<void()> &work, Outcome outcome)
 bool SettingsStore::TryTransact(const std::function<void()> &work, Outcome outcome, OnFailedCommit onFailedCommit) {
   SqliteConnection &connection = mSession->connection;
   SqliteTransaction transaction(connection, "BEGIN IMMEDIATE");
-  if (connection.ChangeCounter() != mChangeCounter)
+  if (BringUpToDate(connection) || connection.ChangeCounter() != mChangeCounter)
     ReadTree(*mSession);
   // Until the commit has succeeded the tree in memory may hold what the file will not.
   const auto counter = static_cast<std::uint32_t>(std::exchange(mChangeCounter, noCounter));
