@@ -60,7 +60,7 @@ TEST_F(TurfctlTest, AnswersComeFromWhereTheUserSays) {
   EXPECT_TRUE(atTheEnd.ends_with("\nyes or no? no\n")) << atTheEnd;
 }
 
-TEST_F(TurfctlTest, InstallsFolderByFolderInTheOrderOfTheFileLists) {
+TEST_F(TurfctlTest, InstallsFolderByFolderInTheOrderGiven) {
   samples::WriteCourse(Host("a/Elm.hlc"), {.name = "Elm"});
   samples::WriteLibrary(Host("a/B.hlb"), grass);
   samples::WriteLibrary(Host("b/T.hlb"), trees);
@@ -68,12 +68,14 @@ TEST_F(TurfctlTest, InstallsFolderByFolderInTheOrderOfTheFileLists) {
   std::string order;
   for (const Json &step : answer["steps"])
     order += step["file"].get<std::string>() + " ";
-  EXPECT_EQ(order, "T.hlb B.hlb Elm.hlc ");
+  EXPECT_EQ(order, "T.hlb Elm.hlc B.hlb ");
   // The question lets the window repaint before the second run has anything to show.
   const Json again = Run(R"(--json --yes install 'C:\b\T.hlb' 'C:\a\Elm.hlc')").Answer();
   EXPECT_EQ(again["messages"].size(), 2U) << again;
   for (const Json &step : again["steps"])
     EXPECT_NE(step["route"], "Install completed successfully.") << "the verdict of the run before";
+  samples::WriteFile(Host("a/short.hlb"), samples::ToBytes("x"));
+  EXPECT_EQ(Run(R"(install 'C:\a\short.hlb')").errors, "short.hlb: Input past end of file\n");
 }
 
 TEST_F(TurfctlTest, SettingsAndTree) {
