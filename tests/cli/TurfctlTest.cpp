@@ -18,9 +18,10 @@ TEST_F(TurfctlTest, InstallsAPackageAndListsIt) {
   EXPECT_EQ(answer["messages"][0]["answer"], "yes");
   EXPECT_EQ(installed.Boxes(), Texts{"question [Turf Desk] The following required libraries were not "
                                      "found.\r\n\r\nTrees\r\n\r\n\r\nDo you wish to continue?"});
-  ASSERT_EQ(answer["steps"].size(), 6U);
+  ASSERT_EQ(answer["steps"].size(), 7U);
   EXPECT_EQ(answer["steps"][0]["file"], "Old Elm.hlc");
-  EXPECT_EQ(answer["steps"][5]["file"], "Elm.txt");
+  EXPECT_EQ(answer["steps"][4], (Json{{"file", "Old Elm.hlc"}, {"route", ""}})) << "what the question is about";
+  EXPECT_EQ(answer["steps"][6]["file"], "Elm.txt");
 
   const Json lists = Run("--json list").Answer();
   EXPECT_EQ(lists["courses"], Json::array({{{"key", samples::KeyOf(elm)},

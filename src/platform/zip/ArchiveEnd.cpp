@@ -120,7 +120,7 @@ ZipStatus StatusWithoutDirectory(BinaryFile &file) {
   const Bytes tail = ReadTail(file).bytes;
   // A record that is cut short is none.
   const auto records = std::span(tail).first(tail.size() - std::min(tail.size(), EndSize - EndSignature.size()));
-  if (!std::ranges::search(records, EndSignature).empty())
+  if (std::search(records.begin(), records.end(), EndSignature.begin(), EndSignature.end()) != records.end())
     return ZipStatus::BadStructure;
   if (StandsAt(file, 0, LocalSignature))
     return ZipStatus::EndOfFile;
