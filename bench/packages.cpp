@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 Turf Desk contributors
 
-// How long it takes to write and to install a package of about 50 MB.
+// How long it takes to write and to install a package of about 50 MB, and to install one of very many small files.
 
+#include "samples/Packages.h"
 #include "Child.h"
 #include "HeavyCourse.h"
 #include "Measure.h"
+#include "samples/GameFiles.h"
 
 namespace turfdesk::bench {
 
@@ -87,6 +89,37 @@ private:
   std::filesystem::path mHome;
 };
 
+/// Installs packages with a course and so many small libraries, each into a new folder of a new home.
+class InstallingMany {
+public:
+  InstallingMany(WorkFolder &folder, int libraries)
+      : mFolder(folder), mPackage(folder.NewFolder() / "many libraries.hlz") {
+    std::vector<samples::PackageEntry> entries = {{"Many.hlc", samples::CourseBytes({.name = "Many"}), true}};
+    for (int i = 0; i < libraries; ++i) {
+      const std::string name = "Library " + std::to_string(i);
+      entries.push_back({name + ".hlb", samples::LibraryBytes({.name = name, .size = 100}), true});
+    }
+    samples::WritePackage(mPackage, entries);
+  }
+
+  double Times(int times) {
+    double seconds = 0;
+    for (int i = 0; i < times; ++i) {
+      const std::string home = mFolder.NewFolder().string();
+      const std::filesystem::path destination = mFolder.NewFolder();
+      SettleDisk();
+      seconds += RunChild({SiblingProgram("turfctl"), "--home", home, "--json", "--yes", "install", mPackage.string(),
+                           "--to", destination.string()});
+      std::filesystem::remove_all(destination);
+    }
+    return seconds;
+  }
+
+private:
+  WorkFolder &mFolder;
+  std::filesystem::path mPackage;
+};
+
 void Run(const Options &options) {
   WorkFolder folder(options.folder);
   const HeavyCourse course = MakeHeavyCourse(folder.NewFolder(), SizesOf(options));
@@ -99,6 +132,15 @@ void Run(const Options &options) {
   const Comparison installed =
       Compare([&] { return installing.Ours(); }, [&] { return installing.Theirs(); }, options.rounds);
   Report("install the package", "unzip, cp, flush", installed, Unit::Milliseconds, 1.05);
+
+  const int few = options.quick ? 20 : 1'000;
+  constexpr int factor = 20;
+  InstallingMany largeOne(folder, factor * few);
+  InstallingMany smallOne(folder, few);
+  // Long enough by itself for one round to do.
+  Report("install a package of 20,000 libraries", "20 times one of 1,000",
+         Compare([&] { return largeOne.Times(1); }, [&] { return smallOne.Times(factor); }, 1), Unit::Milliseconds,
+         1.0);
 }
 
 } // namespace

@@ -56,12 +56,18 @@ bool Transcript::HasErrors() const {
 
 BoxAnswer ConsoleBoxes::Show(const MessageBox &box) {
   if (mMessages != nullptr)
-    *mMessages << ConsoleText(box.text) << std::endl;
+    *mMessages << PrintedText(box) << std::endl;
   const BoxAnswer answer = AnswerOf(box.buttons, box.buttons != BoxButtons::Ok && Agrees(box));
   mTranscript.messages.push_back({KindOf(box), box.title, box.text, WordOf(answer)});
   if (mMessages != nullptr && box.buttons != BoxButtons::Ok && mAnswering != Answering::Ask)
     *mMessages << "  -> " << WordOf(answer) << std::endl;
   return answer;
+}
+
+std::string ConsoleBoxes::PrintedText(const MessageBox &box) {
+  const std::string file = mWindow.FileLabel().Caption();
+  const bool isNamed = file.empty() || box.text.find(file) != std::string::npos;
+  return ConsoleText(box.icon == BoxIcon::Stop && !isNamed ? file + ": " + box.text : box.text);
 }
 
 bool ConsoleBoxes::Agrees(const MessageBox &box) {
@@ -88,7 +94,7 @@ void ConsoleScreen::DoEvents() {
   mShownFile = file;
   mShownRoute = route;
   mTranscript.steps.push_back({file, route});
-  if (mSteps != nullptr)
+  if (mSteps != nullptr && !route.empty())
     *mSteps << ConsoleLine(file) << ": " << ConsoleLine(route) << std::endl;
 }
 

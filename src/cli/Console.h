@@ -17,26 +17,6 @@ namespace turfdesk {
 /// Who answers the questions.
 enum class Answering { AllYes, AllNo, Ask };
 
-/// Message boxes at a console: noted in the transcript, and printed on the stream unless that is null. With Ask each
-/// question is printed and one line read for it; "y", "yes" and "ok" agree, anything else and the end of input refuse.
-class ConsoleBoxes final : public MessageBoxes {
-public:
-  ConsoleBoxes(Transcript &transcript, Answering answering, std::istream &input, std::ostream &prompts,
-               std::ostream *messages)
-      : mTranscript(transcript), mAnswering(answering), mInput(input), mPrompts(prompts), mMessages(messages) {}
-
-  BoxAnswer Show(const MessageBox &box) override;
-
-private:
-  bool Agrees(const MessageBox &box);
-
-  Transcript &mTranscript;
-  Answering mAnswering;
-  std::istream &mInput;
-  std::ostream &mPrompts;
-  std::ostream *mMessages;
-};
-
 /// A label that only holds its text.
 class TextLabel final : public Label {
 public:
@@ -70,8 +50,32 @@ private:
   NoProgress mProgress;
 };
 
+/// Message boxes at a console: noted in the transcript, and printed on the stream unless that is null. With Ask each
+/// question is printed and one line read for it; "y", "yes" and "ok" agree, anything else and the end of input refuse.
+/// What went wrong with the file at work is printed behind its name.
+class ConsoleBoxes final : public MessageBoxes {
+public:
+  ConsoleBoxes(Transcript &transcript, ConsoleStatusWindow &window, Answering answering, std::istream &input,
+               std::ostream &prompts, std::ostream *messages)
+      : mTranscript(transcript), mWindow(window), mAnswering(answering), mInput(input), mPrompts(prompts),
+        mMessages(messages) {}
+
+  BoxAnswer Show(const MessageBox &box) override;
+
+private:
+  bool Agrees(const MessageBox &box);
+  std::string PrintedText(const MessageBox &box);
+
+  Transcript &mTranscript;
+  ConsoleStatusWindow &mWindow;
+  Answering mAnswering;
+  std::istream &mInput;
+  std::ostream &mPrompts;
+  std::ostream *mMessages;
+};
+
 /// Notes a step whenever the window would have been repainted with a new pair of labels, and prints it on the stream
-/// unless that is null.
+/// unless that is null or nothing of the file is done yet.
 class ConsoleScreen final : public Screen {
 public:
   ConsoleScreen(Transcript &transcript, ConsoleStatusWindow &window, std::ostream *steps)

@@ -35,7 +35,7 @@ bool CanBeOffered(SharedState &state, const std::string &path) {
   return true;
 }
 
-/// One request for each source folder, in the order in which the folders come up; files as the file list sorts them.
+/// One request for each source folder, in the order in which the folders and, of each, the files come up.
 bool GroupByFolder(SharedState &state, const InstallOptions &options, const std::string &destination,
                    std::vector<InstallRequest> &requests) {
   for (const std::string &given : options.files) {
@@ -50,10 +50,6 @@ bool GroupByFolder(SharedState &state, const InstallOptions &options, const std:
       request = requests.insert(request, {folder, destination.empty() ? folder : destination, {}});
     request->files.push_back(GetFilePart(state, path));
   }
-  for (InstallRequest &request : requests)
-    std::sort(request.files.begin(), request.files.end(), [](const std::string &left, const std::string &right) {
-      return std::pair(FoldCase(left), left) < std::pair(FoldCase(right), right);
-    });
   return true;
 }
 

@@ -4,6 +4,7 @@
 #include "shell/Main.h"
 #include "cli/Commands.h"
 #include "platform/CommandLine.h"
+#include "platform/Ending.h"
 #include "platform/ShownText.h"
 #include "platform/Terminal.h"
 #include "support/basVorinString.h"
@@ -190,7 +191,8 @@ private:
 ExitStatus RunCommand(Platform &platform, const GlobalOptions &options, const Command &command) {
   Transcript transcript;
   ConsoleStatusWindow window;
-  ConsoleBoxes boxes(transcript, options.AnsweringMode(), std::cin, std::cerr, options.json ? nullptr : &std::cerr);
+  ConsoleBoxes boxes(transcript, window, options.AnsweringMode(), std::cin, std::cerr,
+                     options.json ? nullptr : &std::cerr);
   ConsoleScreen screen(transcript, window, options.json ? nullptr : &std::cout);
   SharedState state(platform, boxes, screen);
   CommandContext context{state, window, transcript, std::cout, std::cerr, options.json};
@@ -266,6 +268,7 @@ int RunTurfctl(const std::vector<std::string> &arguments) {
 } // namespace turfdesk
 
 int main(int argc, char **argv) {
+  turfdesk::PrepareForEnding();
   turfdesk::UseUtf8Terminal();
   return turfdesk::RunTurfctl(turfdesk::CommandArguments(argc, argv));
 }

@@ -76,6 +76,13 @@ Route PlanRoute(SharedState &state, std::string_view source, std::string_view de
   return route;
 }
 
+/// What stands in the way of a file is to be seen beside its name.
+void ShowReading(SharedState &state, const Route &route, Label &fileLabel, Label &routeLabel) {
+  fileLabel.SetCaption(route.fileName);
+  routeLabel.SetCaption("");
+  state.screen.Repaint();
+}
+
 enum class Decision { Install, Decline, Refuse };
 
 /// Weighs the catalogue, which knows the content by its identity, against the disk, which knows the file by its name.
@@ -145,6 +152,7 @@ bool AcceptMissingLibraries(SharedState &state, const CourseFile &course) {
 bool InstallCourse(SharedState &state, std::string_view source, std::string_view destDir, Row *&row, Label &fileLabel,
                    Label &routeLabel) {
   const Route route = PlanRoute(state, source, destDir);
+  ShowReading(state, route, fileLabel, routeLabel);
   CourseFile course(state);
   course.FileName = source;
   if (!course.ReadFile()) {
@@ -159,6 +167,7 @@ bool InstallCourse(SharedState &state, std::string_view source, std::string_view
 bool InstallLibrary(SharedState &state, std::string_view source, std::string_view destDir, Row *&row, Label &fileLabel,
                     Label &routeLabel) {
   const Route route = PlanRoute(state, source, destDir);
+  ShowReading(state, route, fileLabel, routeLabel);
   LibraryFile library(state);
   library.FileName = source;
   if (!library.ReadFile()) {

@@ -22,6 +22,9 @@ namespace turfdesk {
 
 namespace {
 
+/// What the zip layer is given to extract the course.
+constexpr const char *CourseFiles = "*.hlc\r";
+
 /// What a package lists that can be installed. Names are as the zip layer gives them, with any folder part.
 struct PackageListing {
   std::vector<std::string> courseFiles;
@@ -53,13 +56,23 @@ void NoteListedFile(SharedState &state, PackageListing &listing, const std::stri
       listing.mediaFiles[media.kind] = name;
 }
 
+/// The words for a package that lists no course. One under a name that no file can have is not listed, and refused
+/// when it is to be extracted.
+std::string WhyWithoutCourse(ZipLayer &zip) {
+  constexpr std::int16_t nothingToDo = 140;
+  zip.FilesToProcess = CourseFiles;
+  const std::int16_t status = zip.Unzip(0);
+  return status == 0 || status == nothingToDo ? LoadResString(StringId::PackageWithoutCourse)
+                                              : GetZipStatusText(status);
+}
+
 /// True when the package can be installed; else the reason has been shown.
-bool Judge(SharedState &state, std::int16_t status, const PackageListing &listing) {
+bool Judge(SharedState &state, ZipLayer &zip, std::int16_t status, const PackageListing &listing) {
   std::string fault;
   if (status != 0)
     fault = GetZipStatusText(status);
   else if (listing.courseFiles.empty())
-    fault = LoadResString(StringId::PackageWithoutCourse);
+    fault = WhyWithoutCourse(zip);
   else if (listing.courseFiles.size() > 1)
     fault = LoadResString(StringId::PackageWithManyCourses);
   else
@@ -69,7 +82,7 @@ bool Judge(SharedState &state, std::int16_t status, const PackageListing &listin
 }
 
 std::string FilesToExtract(const PackageListing &listing) {
-  std::string files = "*.hlc\r";
+  std::string files = CourseFiles;
   if (!listing.libraryFiles.empty())
     files += "*.hlb\r";
   for (const auto &[kind, name] : listing.mediaFiles)
@@ -78,41 +91,73 @@ std::string FilesToExtract(const PackageListing &listing) {
 }
 
 void PrepareZipLayer(SharedState &state, ZipLayer &zip, StatusWindow &window) {
+  // Until a file in it is at work: what is wrong with the package is to be seen beside its name.
+  window.FileLabel().SetCaption(GetFilePart(state, zip.ZipFilename));
+  window.RouteLabel().SetCaption("");
   zip.UnzipPreprocessingFile = [&](const std::string &name) {
     window.FileLabel().SetCaption(GetFilePart(state, name));
     window.RouteLabel().SetCaption(RouteText(zip.ZipFilename, zip.UnzipToFolder));
     state.screen.DoEvents();
   };
-  zip.WorkProgress = &window.WorkProgress();
   zip.Repaint = [&state] { state.screen.Repaint(); };
 }
+
+/// The extracted files of a package on their way to where they are installed.
+class ExtractedFiles {
+public:
+  ExtractedFiles(SharedState &state, const std::string &folder) : mState(state), mFolder(AddBackslash(folder)) {}
+
+  double SumOfSizes(const PackageListing &listing) {
+    double sum = 0;
+    for (const auto *names : {&listing.libraryFiles, &listing.courseFiles})
+      for (const std::string &name : *names)
+        sum += GetFileSize(mState, mFolder + name);
+    for (const auto &[kind, name] : listing.mediaFiles)
+      sum += GetFileSize(mState, mFolder + name);
+    return sum;
+  }
+
+  /// Calls a routine (path -> is it installed?) with a file, unless one before it failed, and deletes the file.
+  template <typename Install> void Take(const std::string &name, Install install) {
+    const std::string path = mFolder + name;
+    if (mResult) {
+      BeginPart(mState, path);
+      mResult = install(path);
+    }
+    DeleteFile(mState, path);
+  }
+
+  /// Have all of them been installed?
+  bool Result() const { return mResult; }
+
+private:
+  SharedState &mState;
+  std::string mFolder;
+  bool mResult = true;
+};
 
 /// Installs what was extracted, in the order that each step relies on: the course looks for its libraries in the
 /// catalogue, and the media need the course's row. After a failure the rest is only cleaned up.
 bool InstallExtracted(SharedState &state, const PackageListing &listing, const std::string &folder,
                       std::string_view destDir, StatusWindow &window) {
-  bool result = true;
-  const auto pathOf = [&folder](const std::string &name) { return AddBackslash(folder) + name; };
-  for (const std::string &name : listing.libraryFiles) {
-    Row *libraryRow = nullptr;
-    result =
-        result && InstallLibrary(state, pathOf(name), destDir, libraryRow, window.FileLabel(), window.RouteLabel());
-    DeleteFile(state, pathOf(name));
-  }
-
-  const std::string coursePath = pathOf(listing.courseFiles.front());
+  ExtractedFiles files(state, folder);
+  const JobInJob job(state, files.SumOfSizes(listing));
+  for (const std::string &name : listing.libraryFiles)
+    files.Take(name, [&](const std::string &path) {
+      Row *libraryRow = nullptr;
+      return InstallLibrary(state, path, destDir, libraryRow, window.FileLabel(), window.RouteLabel());
+    });
   Row *courseRow = nullptr;
-  result = result && InstallCourse(state, coursePath, destDir, courseRow, window.FileLabel(), window.RouteLabel());
-  DeleteFile(state, coursePath);
+  files.Take(listing.courseFiles.front(), [&](const std::string &path) {
+    return InstallCourse(state, path, destDir, courseRow, window.FileLabel(), window.RouteLabel());
+  });
   if (courseRow == nullptr)
-    return result;
-
-  for (const auto &[kind, name] : listing.mediaFiles) {
-    result =
-        result && InstallMedia(state, pathOf(name), destDir, *courseRow, kind, window.FileLabel(), window.RouteLabel());
-    DeleteFile(state, pathOf(name));
-  }
-  return result;
+    return files.Result();
+  for (const auto &[kind, name] : listing.mediaFiles)
+    files.Take(name, [&, mediaKind = kind](const std::string &path) {
+      return InstallMedia(state, path, destDir, *courseRow, mediaKind, window.FileLabel(), window.RouteLabel());
+    });
+  return files.Result();
 }
 
 } // namespace
@@ -120,19 +165,24 @@ bool InstallExtracted(SharedState &state, const PackageListing &listing, const s
 bool InstallPackage(SharedState &state, std::string_view packagePath, std::string_view destDir, StatusWindow &window) {
   PackageListing listing;
   const std::unique_ptr<ZipLayer> zip = state.platform.CreateZipLayer();
-  PrepareZipLayer(state, *zip, window);
   zip->ListingFile = [&](const std::string &name) { NoteListedFile(state, listing, name); };
   zip->ZipFilename = packagePath;
   zip->UnzipToFolder = state.fileService->GetTempFolder();
   zip->FilesToProcess = "*.*";
-  if (!Judge(state, zip->ListZipContents(), listing))
+  PrepareZipLayer(state, *zip, window);
+  if (!Judge(state, *zip, zip->ListZipContents(), listing))
     return false;
 
+  // To extract the files takes half of the job, to install them the other.
+  JobInJob job(state, 2);
+  job.Parts().BeginPart(1);
+  zip->WorkProgress = &job.Parts();
   zip->FilesToProcess = FilesToExtract(listing);
   if (const std::int16_t status = zip->Unzip(0); status != 0) {
     ShowError(state, GetZipStatusText(status));
     return false;
   }
+  job.Parts().BeginPart(1);
   return InstallExtracted(state, listing, zip->UnzipToFolder, destDir, window);
 }
 

@@ -21,6 +21,7 @@ bool InstallOne(SharedState &state, const InstallRequest &request, const std::st
   const std::string extension = FoldCase(GetExtension(state, path));
   const bool samePlace = EqualsIgnoringCase(request.sourceDir, request.destinationDir);
   const std::string contentDir = samePlace ? std::string() : request.destinationDir;
+  BeginPart(state, path);
   Row *row = nullptr;
   if (extension == "hlc")
     return InstallCourse(state, path, contentDir, row, window.FileLabel(), window.RouteLabel());
@@ -29,6 +30,13 @@ bool InstallOne(SharedState &state, const InstallRequest &request, const std::st
   if (extension == "hlz")
     return InstallPackage(state, path, request.destinationDir, window);
   return true;
+}
+
+double SumOfSizes(SharedState &state, const InstallRequest &request) {
+  double sum = 0;
+  for (const std::string &name : request.files)
+    sum += GetFileSize(state, AddBackslash(request.sourceDir) + name);
+  return sum;
 }
 
 bool InstallAll(SharedState &state, const InstallRequest &request, StatusWindow &window) {
@@ -46,8 +54,10 @@ bool InstallAll(SharedState &state, const InstallRequest &request, StatusWindow 
 bool RunInstall(SharedState &state, const InstallRequest &request, StatusWindow &window) {
   bool result = true;
   {
-    const WorkInProgress work(state, window);
+    WorkInProgress work(state, window, SumOfSizes(state, request));
     result = InstallAll(state, request, window);
+    if (result)
+      work.Finish();
   }
   window.FileLabel().SetCaption("");
   window.ShowCloseButton();

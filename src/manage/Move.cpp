@@ -64,6 +64,7 @@ public:
     mJourney.routeLabel.SetCaption(RouteText(folder, mJourney.destination));
     mJourney.fileLabel.SetCaption(name);
     mState.screen.DoEvents();
+    BeginPart(mState, path);
     if (!MayReplace(path, newPath))
       return false;
     if (!MoveFile(mState, folder, name, mJourney.destination, name)) {
@@ -143,15 +144,33 @@ bool MoveOrphans(SharedState &state, const Row &course, Journey &journey) {
   return moved;
 }
 
+/// Of all that may move, the libraries that are still to be asked about included.
+double SumOfSizes(SharedState &state, const Row &item) {
+  double sum = GetFileSize(state, item.SubItems(column::Filename));
+  if (state.activeList != ActiveCourses)
+    return sum;
+  for (const PathField &field : CourseFields)
+    if (field.column != column::Filename)
+      sum += GetFileSize(state, item.SubItems(field.column));
+  for (const std::string &libraryKey : ParseList(item.SubItems(column::Libraries)))
+    if (IsOrphanOfCourse(state, libraryKey, item.Tag()))
+      sum += GetFileSize(state, GetLibraryFilename(state, libraryKey));
+  return sum;
+}
+
 bool MoveItem(SharedState &state, const MoveRequest &request, StatusWindow &window) {
   if (request.item == nullptr) {
     ShowError(state, LoadResString(StringId::NothingSelected));
     return false;
   }
-  const WorkInProgress work(state, window);
+  double totalBytes = 0;
+  PassOver([&] { totalBytes = SumOfSizes(state, *request.item); });
+  WorkInProgress work(state, window, totalBytes);
   const auto move = state.activeList == ActiveCourses ? &MoveCourse : &MoveLibrary;
   bool moved = false;
   PassOver([&] { moved = move(state, *request.item, request.destination, window.FileLabel(), window.RouteLabel()); });
+  if (moved)
+    work.Finish();
   return moved;
 }
 

@@ -84,14 +84,19 @@ void ShowFileAtWork(SharedState &state, const ZipLayer &zip, StatusWindow &windo
 bool WritePackage(SharedState &state, ZipLayer &zip, StatusWindow &window) {
   zip.ZipPreprocessingFile =
       zip.ZippingFile = [&](const std::string &file) { PassOver([&] { ShowFileAtWork(state, zip, window, file); }); };
-  zip.WorkProgress = &window.WorkProgress();
   zip.Repaint = [&state] { state.screen.Repaint(); };
 
   std::int16_t status = 0;
   bool called = false;
   {
-    const WorkInProgress work(state, window);
+    // The zip layer sums up the bytes, which are the one part of this job.
+    constexpr double whole = 1;
+    WorkInProgress work(state, window, whole);
+    state.workProgress->BeginPart(whole);
+    zip.WorkProgress = state.workProgress;
     called = PassOver([&] { status = zip.Zip(0); });
+    if (called && status == 0)
+      work.Finish();
   }
   if (status != 0)
     ShowError(state, GetZipStatusText(status));

@@ -39,7 +39,8 @@ public:
 
   EntryEvent ListingFile;
   EntryEvent UnzipPreprocessingFile;
-  /// Both are called with the source's full path while it is being compressed.
+  /// Both are called with the source's full path: the first also for one that keeps the archive from being written,
+  /// before a file is opened to be compressed, the second then.
   EntryEvent ZipPreprocessingFile;
   EntryEvent ZippingFile;
   /// Where to tell how far Unzip or Zip has come, in uncompressed bytes over all selected files. Null: nowhere.
@@ -47,11 +48,12 @@ public:
   /// Called every so often between events, so that windows repaint. Empty: never.
   std::function<void()> Repaint;
 
-  /// Raises ListingFile for each file that FilesToProcess selects, in archive order. An archive with a hostile or
-  /// unusable entry (selected or not) is refused as a whole, before the first event.
+  /// Raises ListingFile for each file that FilesToProcess selects, in archive order. Those whose names no file can have
+  /// are passed over.
   virtual std::int16_t ListZipContents() = 0;
-  /// Extracts the selected files, in archive order, raising UnzipPreprocessingFile before each. A file of that name
-  /// that lies in the folder is replaced. A failed file leaves nothing of itself; those before it stay.
+  /// Extracts the selected files, in archive order, raising UnzipPreprocessingFile before each. Where one of them is
+  /// hostile or unusable all are refused, before the first event; what is not selected is not judged. A file of that
+  /// name that lies in the folder is replaced. A failed file leaves nothing of itself; those before it stay.
   virtual std::int16_t Unzip(std::int16_t unused) = 0;
   /// Writes the archive. It appears under its name when it is complete and flushed, replacing what stood there; on
   /// any failure what stood there stays untouched and nothing else is left, except that a failure of the last flush

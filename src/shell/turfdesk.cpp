@@ -2,6 +2,7 @@
 // SPDX-FileCopyrightText: 2026 Turf Desk contributors
 
 #include "shell/Main.h"
+#include "platform/Ending.h"
 #include "shell/ProgramIcon.h"
 #include "shell/frmTurfManager.h"
 #include "support/ErrorHandling.h"
@@ -93,6 +94,7 @@ int Start(const Ground &ground, const std::string &commandTail) {
 } // namespace turfdesk
 
 int main(int argc, char **argv) {
+  turfdesk::PrepareForEnding();
   // Before the connection to the screen is made, so that both wait at the same time.
   const turfdesk::Ground ground = turfdesk::PrepareGround();
   const QApplication application(argc, argv);

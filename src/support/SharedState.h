@@ -5,8 +5,8 @@
 
 #include "platform/ListView.h"
 #include "platform/Platform.h"
-#include "platform/Progress.h"
 #include "platform/Screen.h"
+#include "support/JobProgress.h"
 
 #include <cstdint>
 #include <functional>
@@ -56,8 +56,8 @@ struct SharedState {
   /// The value that QueryValue fetched last.
   std::string registryResult;
 
-  /// Where a copy tells how far it has come. The status window at work sets it; null is nobody.
-  Progress *workProgress = nullptr;
+  /// Where a copy tells how far it has come. The work that is shown sets it; null is nobody.
+  JobProgress *workProgress = nullptr;
 
   /// The rows of the main window's two lists: the working copy of the catalogue.
   ListView lstCourses;

@@ -3,6 +3,8 @@
 
 #include "cli/TurfctlTest.h"
 
+#include <unistd.h>
+
 namespace turfdesk {
 
 namespace {
@@ -26,6 +28,28 @@ TEST_F(PosixTurfctlTest, AFileThatCannotBeReadIsNamedAndAnAnswerThatCannotBeWrit
   EXPECT_EQ(unreadable.status, 1);
   EXPECT_NE(unreadable.Boxes().at(0).find(":\\"), std::string::npos);
   EXPECT_EQ(test::RunProgram("/bin/sh", {"-c", command + "settings list > /dev/full"}, "").status, 1);
+}
+
+TEST_F(PosixTurfctlTest, ASignalTakesTheTemporaryFolderAlong) {
+  samples::WritePackage(home.Path() / "p.hlz", {{"Elm.hlc", samples::CourseBytes(elm)}});
+  // Waits at a question for whoever holds the pipe, with the course extracted.
+  const std::string script =
+      "cd '" + home.Path().string() + "'; mkfifo input; mkdir tmp; TMPDIR=$PWD/tmp " + command +
+      "--ask install p.hlz <input >/dev/null 2>told & exec 3>input; until grep -q no? told; do :; done; "
+      "ls tmp/*/; kill -$0 $!; wait $!; echo $?; ls -A tmp; rm -r input tmp";
+  for (const auto &[signal, status] : {std::pair("TERM", "143"), {"HUP", "129"}})
+    EXPECT_EQ(test::RunProgram("/bin/sh", {"-c", script, signal}, "").output, std::string("Elm.hlc\n") + status + "\n");
+}
+
+TEST_F(PosixTurfctlTest, WhoeverStopsReadingDoesNotStopTheWork) {
+  samples::WriteCourse(Host("Elm.hlc"), {.name = "Elm"});
+  int ends[2];
+  ASSERT_EQ(pipe(ends), 0);
+  close(ends[0]);
+  const std::string closed = std::to_string(ends[1]);
+  EXPECT_EQ(test::RunProgram("/bin/sh", {"-c", command + "install 'C:\\Elm.hlc' >&" + closed}, "").status, 1);
+  close(ends[1]);
+  EXPECT_EQ(Run("--json list --courses").Answer()["courses"].size(), 1U);
 }
 
 TEST_F(PosixTurfctlTest, DrivesThatCannotBeUsedAreNamedAndMadeAnewWhereThereAreNone) {

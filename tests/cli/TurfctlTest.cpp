@@ -18,9 +18,10 @@ TEST_F(TurfctlTest, InstallsAPackageAndListsIt) {
   EXPECT_EQ(answer["messages"][0]["answer"], "yes");
   EXPECT_EQ(installed.Boxes(), Texts{"question [Turf Desk] The following required libraries were not "
                                      "found.\r\n\r\nTrees\r\n\r\n\r\nDo you wish to continue?"});
-  ASSERT_EQ(answer["steps"].size(), 6U);
+  ASSERT_EQ(answer["steps"].size(), 7U);
   EXPECT_EQ(answer["steps"][0]["file"], "Old Elm.hlc");
-  EXPECT_EQ(answer["steps"][5]["file"], "Elm.txt");
+  EXPECT_EQ(answer["steps"][4], (Json{{"file", "Old Elm.hlc"}, {"route", ""}})) << "what the question is about";
+  EXPECT_EQ(answer["steps"][6]["file"], "Elm.txt");
 
   const Json lists = Run("--json list").Answer();
   EXPECT_EQ(lists["courses"], Json::array({{{"key", samples::KeyOf(elm)},
@@ -60,7 +61,7 @@ TEST_F(TurfctlTest, AnswersComeFromWhereTheUserSays) {
   EXPECT_TRUE(atTheEnd.ends_with("\nyes or no? no\n")) << atTheEnd;
 }
 
-TEST_F(TurfctlTest, InstallsFolderByFolderInTheOrderOfTheFileLists) {
+TEST_F(TurfctlTest, InstallsFolderByFolderInTheOrderGiven) {
   samples::WriteCourse(Host("a/Elm.hlc"), {.name = "Elm"});
   samples::WriteLibrary(Host("a/B.hlb"), grass);
   samples::WriteLibrary(Host("b/T.hlb"), trees);
@@ -68,12 +69,14 @@ TEST_F(TurfctlTest, InstallsFolderByFolderInTheOrderOfTheFileLists) {
   std::string order;
   for (const Json &step : answer["steps"])
     order += step["file"].get<std::string>() + " ";
-  EXPECT_EQ(order, "T.hlb B.hlb Elm.hlc ");
+  EXPECT_EQ(order, "T.hlb Elm.hlc B.hlb ");
   // The question lets the window repaint before the second run has anything to show.
   const Json again = Run(R"(--json --yes install 'C:\b\T.hlb' 'C:\a\Elm.hlc')").Answer();
   EXPECT_EQ(again["messages"].size(), 2U) << again;
   for (const Json &step : again["steps"])
     EXPECT_NE(step["route"], "Install completed successfully.") << "the verdict of the run before";
+  samples::WriteFile(Host("a/short.hlb"), samples::ToBytes("x"));
+  EXPECT_EQ(Run(R"(install 'C:\a\short.hlb')").errors, "short.hlb: Input past end of file\n");
 }
 
 TEST_F(TurfctlTest, SettingsAndTree) {

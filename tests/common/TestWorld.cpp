@@ -12,6 +12,8 @@
 namespace turfdesk::test {
 
 BoxAnswer ScriptedBoxes::Show(const MessageBox &box) {
+  if (onShow)
+    onShow();
   shown.push_back(box);
   if (box.buttons == BoxButtons::Ok)
     return BoxAnswer::Ok;

@@ -30,6 +30,8 @@ public:
   /// true agrees (Yes, OK), false refuses.
   std::deque<bool> answers;
   std::function<bool(const MessageBox &)> decide;
+  /// Called before each box.
+  std::function<void()> onShow;
   std::vector<MessageBox> shown;
 };
 
@@ -69,10 +71,20 @@ public:
     void Close() override {}
   };
   struct LastProgress final : public Progress {
-    void Begin(std::uint64_t totalBytes) override { total = totalBytes; }
-    void SetPosition(std::uint64_t doneBytes) override { done = doneBytes; }
+    void Begin(std::uint64_t totalBytes) override {
+      ++begins;
+      total = totalBytes;
+      done = 0;
+    }
+    void SetPosition(std::uint64_t doneBytes) override {
+      wentBack = wentBack || doneBytes < done;
+      done = doneBytes;
+    }
+    bool IsFull() const { return done == total; }
     std::uint64_t total = 0;
     std::uint64_t done = 0;
+    int begins = 0;
+    bool wentBack = false;
   };
 
   Text file;

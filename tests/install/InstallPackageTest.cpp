@@ -33,7 +33,12 @@ protected:
   bool Install(const std::vector<samples::PackageEntry> &entries, const std::vector<bool> &answers = {}) {
     samples::WritePackage(world.Host(R"(C:\Downloads\p.hlz)"), entries);
     world.boxes.answers = {answers.begin(), answers.end()};
-    return RunInstall(state, {R"(C:\Downloads)", R"(C:\Golf)", {"p.hlz"}}, world.window);
+    world.window.progress.begins = 0;
+    const bool installed = RunInstall(state, {R"(C:\Downloads)", R"(C:\Golf)", {"p.hlz"}}, world.window);
+    EXPECT_EQ(world.window.progress.IsFull(), installed);
+    EXPECT_EQ(world.window.progress.begins, 1);
+    EXPECT_FALSE(world.window.progress.wentBack);
+    return installed;
   }
 
   /// Sorted without regard to case.
@@ -52,7 +57,8 @@ protected:
 
 TEST_F(InstallPackageTest, EverythingGoesInWithLibrariesFirst) {
   EXPECT_TRUE(Install({Course(course), Other("sub/two.bmp"), Library(grass), Other("two.bmp"), Library(trees),
-                       Other("Tune.mp3"), Library(water), Other("notes.TXT"), Other("readme.doc")}));
+                       Other("Tune.mp3"), Library(water), Other("notes.TXT"), Other("readme.doc"), Other("README.DOC"),
+                       Other("../x.doc"), Other("aux.bmp"), Other("12:30 shot.txt"), Other("__MACOSX/._two.bmp")}));
   EXPECT_TRUE(world.boxes.shown.empty()) << world.boxes.shown.front().text;
   const Row *row = state.lstCourses.FindKey(samples::KeyOf(course));
   ASSERT_NE(row, nullptr);
@@ -80,10 +86,15 @@ TEST_F(InstallPackageTest, PackagesThatAreRefusedExtractNothing) {
   const std::pair<std::vector<samples::PackageEntry>, const char *> cases[] = {
       {{Library(grass), Other("a.bmp")}, "Compressed file does not contain a course file."},
       {{Course(course), Course({.name = "Other"})}, "Compressed file contains more than one course file."},
+      {{Other("12:30 shot.jpg")}, "Compressed file does not contain a course file."},
+      {{Course({.name = "../Up"})}, "Error 350:  Parent dir."},
+      {{Course(course), Course({.name = "../Up"})}, "Error 350:  Parent dir."},
+      {{Course(course), Library(grass), Library({.name = "GRASS"})}, "Error 370:  Name repeat."},
   };
   for (const auto &[entries, message] : cases) {
     EXPECT_FALSE(Install(entries));
     EXPECT_EQ(world.boxes.TakeTexts(), Texts{message});
+    EXPECT_EQ(world.window.steps.back(), "p.hlz|") << "what the message is about";
   }
   samples::WriteFile(world.Host(R"(C:\Downloads\p.hlz)"), samples::ToBytes("this is no zip archive at all"));
   EXPECT_FALSE(RunInstall(state, {R"(C:\Downloads)", R"(C:\Golf)", {"p.hlz"}}, world.window));
@@ -97,6 +108,7 @@ TEST_F(InstallPackageTest, AFailingLibraryEndsTheInstallAndMediaStayBehind) {
   broken.content.resize(30);
   EXPECT_FALSE(Install({Library(grass), broken, Library(water), Course(course), Other("a.bmp")}));
   EXPECT_EQ(world.boxes.TakeTexts(), Texts{"Input past end of file"});
+  EXPECT_EQ(world.window.steps.back(), "Trees.hlb|") << "what the message is about";
   EXPECT_TRUE(LibraryKeyExists(state, samples::KeyOf(grass))) << "what was installed before stays";
   EXPECT_FALSE(LibraryKeyExists(state, samples::KeyOf(water)));
   EXPECT_FALSE(CourseKeyExists(state, samples::KeyOf(course)));

@@ -30,7 +30,13 @@ struct MoveWorld : public test::GolfWorld {
     window.steps.clear();
     Answer(answers);
     state.activeList = list;
+    window.progress.begins = 0;
+    boxes.onShow = [this] { EXPECT_FALSE(window.progress.IsFull()) << "while there is something to ask or to tell"; };
     const bool moved = RunMove(state, {row, destination}, window);
+    boxes.onShow = nullptr;
+    EXPECT_EQ(window.progress.IsFull(), moved);
+    EXPECT_EQ(window.progress.begins, 1);
+    EXPECT_FALSE(window.progress.wentBack);
     EXPECT_EQ(window.file.caption, "");
     EXPECT_EQ(window.route.caption, moved ? "Successfully moved \"" + row->Text() + "\"" : "Move failed.");
     return moved;

@@ -49,7 +49,9 @@ const char *const MissingLibrary =
 
 TEST_F(RunCompressTest, WritesWhatTheRequestNames) {
   request.libraries.push_back({R"(C:\Golf\unchecked and missing.hlb)", false});
+  request.media[3] = R"(c:\GOLF\.\elm.BMP)"; // the picture once more
   EXPECT_TRUE(Run());
+  EXPECT_TRUE(world.window.progress.IsFull());
   EXPECT_TRUE(world.boxes.shown.empty());
   EXPECT_EQ(world.window.steps, (Texts{"Elm.hlc" + Route, "Elm.bmp" + Route, "Grass.hlb" + Route}));
   EXPECT_EQ(world.window.file.caption + "|" + world.window.route.caption,
@@ -98,6 +100,8 @@ TEST_F(RunCompressTest, AFileThatGoesIntoThePackageIsNotReplacedByItHoweverItIsN
     request.packageName = name;
     EXPECT_FALSE(Run({true}));
     EXPECT_EQ(world.boxes.TakeTexts().back(), "Error 130:  Bad call.");
+    EXPECT_TRUE(world.window.steps.back().starts_with("Elm.hlc|")) << "what the message is about";
+    EXPECT_FALSE(world.window.progress.IsFull());
   }
   EXPECT_EQ(GetFileSize(state, R"(C:\Golf\Elm.hlc)"), 4096);
 }

@@ -36,19 +36,21 @@ void AddBroken(std::vector<HostileFile> &files) {
   files.push_back({"damaged-data.hlz", damaged, true});
 }
 
-// A course of its own stands before each, so that the name alone is at fault.
+// A good course stands before each, so that the name alone is at fault. Files that are not extracted do no harm.
 void AddNames(std::vector<HostileFile> &files) {
   const std::pair<const char *, const char *> names[] = {
-      {"absolute-name", "/tmp/outside.txt"},    {"drive-letter", "C:\\outside.txt"},
-      {"parent-folder", "../../outside.txt"},   {"parent-folder-backslash", "..\\..\\outside.txt"},
-      {"parent-inside", "notes/../../out.txt"}, {"device-name", "CON.txt"},
-      {"device-folder", "NUL/readme.txt"},      {"colon-inside", "readme.txt:stream"},
-      {"unc-name", "\\\\server\\share\\x.txt"}, {"control-character", "read\nme.txt"},
+      {"absolute-name", "/tmp/outside"},    {"drive-letter", "C:\\outside"},
+      {"parent-folder", "../../outside"},   {"parent-folder-backslash", "..\\..\\outside"},
+      {"parent-inside", "notes/../../out"}, {"device-name", "CON"},
+      {"device-folder", "NUL/readme"},      {"colon-inside", "readme:stream"},
+      {"unc-name", "\\\\server\\share\\x"}, {"control-character", "read\nme"},
   };
   for (const auto &[filename, name] : names)
-    files.push_back({std::string(filename) + ".hlz", PackageBytes({CourseEntry(), TextEntry(name)})});
+    files.push_back({std::string(filename) + ".hlz",
+                     PackageBytes({CourseEntry(), TextEntry(std::string(name) + ".hlc"), TextEntry("readme.txt")}),
+                     true});
   files.push_back({"same-name-other-case.hlz",
-                   PackageBytes({CourseEntry(), LibraryEntry("Stones.hlb"), LibraryEntry("STONES.HLB")})});
+                   PackageBytes({CourseEntry(), LibraryEntry("Stones.hlb"), LibraryEntry("STONES.HLB")}), true});
 }
 
 void AddHeaders(std::vector<HostileFile> &files) {
@@ -56,11 +58,11 @@ void AddHeaders(std::vector<HostileFile> &files) {
   const RawZipEntry course = ZipEntryOf(CourseEntry());
   RawZipEntry link = ZipEntryOf({"readme.txt", ToBytes("/etc/passwd"), true});
   link.externalAttributes = symbolicLink;
-  files.push_back({"symbolic-link.hlz", RawZipBytes({course, link})});
+  files.push_back({"symbolic-link.hlz", RawZipBytes({course, link}), true});
 
   RawZipEntry encrypted = course;
   encrypted.flags |= 1U;
-  files.push_back({"encrypted.hlz", RawZipBytes({encrypted})});
+  files.push_back({"encrypted.hlz", RawZipBytes({encrypted}), true});
 
   RawZipEntry understated = course;
   understated.size = 300;

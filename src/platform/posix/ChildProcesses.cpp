@@ -20,9 +20,11 @@ namespace {
 /// How a started program differs from a plain copy of this one.
 class SpawnSettings {
 public:
-  SpawnSettings() {
+  explicit SpawnSettings(ChildProcesses::Output output) {
     posix_spawn_file_actions_init(&mFiles);
     posix_spawn_file_actions_addopen(&mFiles, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+    if (output == ChildProcesses::Output::Nowhere)
+      posix_spawn_file_actions_addopen(&mFiles, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
     posix_spawn_file_actions_adddup2(&mFiles, STDERR_FILENO, STDOUT_FILENO);
     posix_spawnattr_init(&mAttributes);
     sigset_t none;
@@ -62,13 +64,13 @@ bool WaitForEnd(const Descriptor &process, std::chrono::milliseconds atMost) {
   return poll(&ended, 1, static_cast<int>(atMost.count())) > 0;
 }
 
-int ChildProcesses::Start(const std::vector<std::string> &commandLine, pid_t &process) {
+int ChildProcesses::Start(const std::vector<std::string> &commandLine, Output output, pid_t &process) {
   ClearEnded();
   // One more than there are: the list ends with a null.
   std::vector<char *> arguments(commandLine.size() + 1);
   std::transform(commandLine.begin(), commandLine.end(), arguments.begin(),
                  [](const std::string &argument) { return const_cast<char *>(argument.c_str()); });
-  const SpawnSettings settings;
+  const SpawnSettings settings(output);
   const int error =
       posix_spawnp(&process, arguments[0], settings.Files(), settings.Attributes(), arguments.data(), environ);
   if (error == 0)

@@ -28,10 +28,13 @@ public:
   ChildProcesses &operator=(const ChildProcesses &) = delete;
   ~ChildProcesses() { ClearEnded(); }
 
+  /// Where a started program writes. Standard output may be this program's own result, and whoever waits for the end of
+  /// standard error would wait for a program that stays, too.
+  enum class Output { StandardError, Nowhere };
+
   /// Starts a program of the host: the first text, looked for in $PATH when it has no slash, with the others as its
-  /// arguments. It reads nothing and writes to standard error, since standard output may be the program's own result.
-  /// Gives 0 or the system's number of the failure.
-  int Start(const std::vector<std::string> &commandLine, pid_t &process);
+  /// arguments. It reads nothing. Gives 0 or the system's number of the failure.
+  int Start(const std::vector<std::string> &commandLine, Output output, pid_t &process);
 
   /// The exit status of a started program that has ended; -1 when it was ended by force or is unknown.
   int ExitStatus(pid_t process);

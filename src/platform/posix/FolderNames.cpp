@@ -46,24 +46,103 @@ std::string FolderNames::Find(const std::string &hostFolder, std::string_view na
   return found == listing.namesByFolded.end() ? "" : found->second;
 }
 
+void FolderNames::Listing::Add(std::string_view name) {
+  const auto [known, isNew] = namesByFolded.try_emplace(FoldCase(name), name);
+  if (isNew || known->second == name)
+    return;
+  hasTwins = true;
+  known->second = std::min(known->second, std::string(name));
+}
+
+void FolderNames::Listing::Remove(std::string_view name) {
+  // Which other name is to be found now?
+  if (hasTwins)
+    watch = -1;
+  else
+    namesByFolded.erase(FoldCase(name));
+}
+
 const FolderNames::Listing &FolderNames::ListingOf(const std::string &hostFolder, const struct stat &status) {
   const auto known = std::find_if(mListings.begin(), mListings.end(),
                                   [&hostFolder](const Listing &listing) { return listing.folder == hostFolder; });
   if (known != mListings.end()) {
-    mListings.splice(mListings.begin(), mListings, known);
-    if (known->lasting && IsUnchanged(known->status, status))
+    if (IsValid(*known, status)) {
+      mListings.splice(mListings.begin(), mListings, known);
       return *known;
-    mListings.pop_front();
+    }
+    mListings.splice(mListings.end(), mListings, known);
+    ForgetLast();
   }
-  Listing &listing = mListings.emplace_front(Listing{hostFolder, status, IsSettled(status), 0, {}});
-  if (mListings.size() > RememberedFolders)
-    mListings.pop_back();
-  listing.error = ForEachEntry(hostFolder, [&listing](const dirent &entry) {
-    std::string &name = listing.namesByFolded.try_emplace(FoldCase(entry.d_name), entry.d_name).first->second;
-    name = std::min(name, std::string(entry.d_name));
-  });
-  listing.lasting = listing.lasting && listing.error == 0;
+  if (mListings.size() == RememberedFolders)
+    ForgetLast();
+  Listing &listing = mListings.emplace_front(Listing{hostFolder, status, IsSettled(status)});
+  // Before it is read, so that nothing is missed.
+  if (!listing.lasting)
+    Watch(listing);
+  listing.error = ForEachEntry(hostFolder, [&listing](const dirent &entry) { listing.Add(entry.d_name); });
+  if (listing.error != 0) {
+    listing.lasting = false;
+    listing.watch = -1;
+  }
+  listing.cost = std::chrono::steady_clock::now() - listing.listed;
   return listing;
+}
+
+bool FolderNames::IsValid(Listing &listing, const struct stat &status) {
+  if (listing.lasting)
+    return IsUnchanged(listing.status, status);
+  if (listing.watch < 0 || listing.status.st_dev != status.st_dev || listing.status.st_ino != status.st_ino)
+    return false;
+  TakeOverChanges();
+  // Of what other machines do on a disk in the network the kernel is not told, so that the folder is listed now and
+  // then. To do so takes a hundredth of the time at the most.
+  const auto trusted = std::max<std::chrono::steady_clock::duration>(std::chrono::seconds(1), 100 * listing.cost);
+  return listing.watch >= 0 && std::chrono::steady_clock::now() - listing.listed < trusted;
+}
+
+void FolderNames::Watch(Listing &listing) {
+  if (!mChanges.IsOpen())
+    mChanges = Descriptor(inotify_init1(IN_NONBLOCK | IN_CLOEXEC));
+  constexpr std::uint32_t changes =
+      IN_CREATE | IN_DELETE | IN_MOVED_FROM | IN_MOVED_TO | IN_DELETE_SELF | IN_MOVE_SELF | IN_ONLYDIR;
+  listing.watch = inotify_add_watch(mChanges.Number(), listing.folder.c_str(), changes);
+}
+
+/// Another listing of the same folder by another path is no longer told of changes then, either.
+void FolderNames::ForgetLast() {
+  if (mListings.back().watch >= 0)
+    inotify_rm_watch(mChanges.Number(), mListings.back().watch);
+  mListings.pop_back();
+}
+
+void FolderNames::TakeOverChanges() {
+  alignas(inotify_event) char changes[4096];
+  for (;;) {
+    const ssize_t count = read(mChanges.Number(), changes, sizeof(changes));
+    if (count <= 0)
+      return;
+    for (ssize_t offset = 0; offset < count;) {
+      const auto &change = *reinterpret_cast<const inotify_event *>(changes + offset);
+      TakeOver(change);
+      offset += static_cast<ssize_t>(sizeof(change) + change.len);
+    }
+  }
+}
+
+void FolderNames::TakeOver(const inotify_event &change) {
+  constexpr std::uint32_t added = IN_CREATE | IN_MOVED_TO;
+  constexpr std::uint32_t removed = IN_DELETE | IN_MOVED_FROM;
+  for (Listing &listing : mListings) {
+    const bool isLost = (change.mask & IN_Q_OVERFLOW) != 0;
+    if (listing.watch < 0 || (listing.watch != change.wd && !isLost))
+      continue;
+    if ((change.mask & added) != 0)
+      listing.Add(change.name);
+    else if ((change.mask & removed) != 0)
+      listing.Remove(change.name);
+    else
+      listing.watch = -1;
+  }
 }
 
 } // namespace turfdesk

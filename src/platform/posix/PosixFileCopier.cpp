@@ -57,7 +57,7 @@ void PosixFileCopier::Copy(std::string_view sourcePath, std::string_view destina
     throw RuntimeError(ErrorNumber::PermissionDenied);
 
   const mode_t mode = (source.status.st_mode & ReadWriteExecuteForAll) | S_IRUSR | S_IWUSR;
-  PosixStagedFile staged(std::move(destination), false, mode);
+  PosixStagedFile staged(std::move(destination), false, mode, mSweeps);
   const auto size = static_cast<std::uint64_t>(source.status.st_size);
   const std::uint64_t copied = CopyContent(source.file.Number(), staged.FileNumber(), size, report);
   if (copied != size || HasChanged(source))

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "platform/FileCopier.h"
+#include "platform/SweepTimes.h"
 #include "platform/posix/PathMap.h"
 
 namespace turfdesk {
@@ -19,6 +20,7 @@ public:
 
 private:
   const PathMap &mPaths;
+  SweepTimes<std::string> mSweeps;
 };
 
 } // namespace turfdesk

@@ -44,7 +44,7 @@ int HandToDesktop(ChildProcesses &children, const std::string &target) {
   constexpr std::chrono::milliseconds patience{1000};
   constexpr int toolFoundNoFile = 2;
   pid_t process = 0;
-  if (const int error = children.Start({"xdg-open", target}, process); error != 0)
+  if (const int error = children.Start({"xdg-open", target}, ChildProcesses::Output::Nowhere, process); error != 0)
     return error;
   if (!WaitForEnd(OpenProcessHandle(process), patience))
     return 0;

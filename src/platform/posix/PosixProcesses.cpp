@@ -46,25 +46,29 @@ std::string ArgumentForWine(std::string argument) {
 
 } // namespace
 
-int PosixProcesses::StartWindowsProgram(const std::vector<std::string> &commandLine, pid_t &process) {
+int PosixProcesses::StartWindowsProgram(const std::vector<std::string> &commandLine, ChildProcesses::Output output,
+                                        pid_t &process) {
   std::vector<std::string> throughWine = {"wine", commandLine[0]};
   std::transform(commandLine.begin() + 1, commandLine.end(), std::back_inserter(throughWine), ArgumentForWine);
-  if (const int error = mChildren.Start(throughWine, process); error != ENOENT)
+  if (const int error = mChildren.Start(throughWine, output, process); error != ENOENT)
     return error;
   // Without Wine the system may still know what to do with such a program.
-  if (mChildren.Start(commandLine, process) == 0)
+  if (mChildren.Start(commandLine, output, process) == 0)
     return 0;
   throw RuntimeError(ErrorNumber::PathFileAccess,
                      "This is a program for Windows. It needs Wine, which is not installed.");
 }
 
 std::uint32_t PosixProcesses::Shell(std::string_view program, const std::vector<std::string> &arguments,
-                                    WindowStyle /*style*/) {
+                                    WindowStyle style) {
   std::vector<std::string> commandLine = {ProgramFile(mPaths, program)};
   commandLine.insert(commandLine.end(), arguments.begin(), arguments.end());
   pid_t process = 0;
-  const int error = IsWindowsProgram(commandLine[0]) ? StartWindowsProgram(commandLine, process)
-                                                     : mChildren.Start(commandLine, process);
+  // A program with a window of its own stays when this one has ended.
+  const auto output =
+      style == WindowStyle::Hidden ? ChildProcesses::Output::StandardError : ChildProcesses::Output::Nowhere;
+  const int error = IsWindowsProgram(commandLine[0]) ? StartWindowsProgram(commandLine, output, process)
+                                                     : mChildren.Start(commandLine, output, process);
   if (error != 0)
     ThrowSystemError(error);
   return static_cast<std::uint32_t>(process);

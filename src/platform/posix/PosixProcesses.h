@@ -24,7 +24,7 @@ public:
 
 private:
   /// Gives 0 or the system's number of the failure. Throws RuntimeError 75 where nothing here runs such programs.
-  int StartWindowsProgram(const std::vector<std::string> &commandLine, pid_t &process);
+  int StartWindowsProgram(const std::vector<std::string> &commandLine, ChildProcesses::Output output, pid_t &process);
 
   const PathMap &mPaths;
   ChildProcesses &mChildren;

@@ -75,7 +75,8 @@ void NewFolders::Make(const std::string &folder) {
     ThrowFolderError(error);
 }
 
-PosixStagedFile::PosixStagedFile(Destination destination, bool makeFolders, mode_t mode)
+PosixStagedFile::PosixStagedFile(Destination destination, bool makeFolders, mode_t mode,
+                                 SweepTimes<std::string> &sweeps)
     : mDestination(std::move(destination)) {
   // Sooner or later such a file would be taken for one that was left behind.
   if (StagedFileNames.Include(mDestination.name))
@@ -86,7 +87,8 @@ PosixStagedFile::PosixStagedFile(Destination destination, bool makeFolders, mode
   if (!mFolder.IsOpen())
     ThrowFolderError(errno);
   CheckReplaceable();
-  RemoveAbandoned(mDestination.folder, StagedFileNames, S_IFREG);
+  if (sweeps.IsDue(mDestination.folder))
+    RemoveAbandoned(mDestination.folder, StagedFileNames, S_IFREG);
   OpenTemporary(mode);
   LockAgainstRemoval(mFile);
 }
@@ -118,6 +120,7 @@ void PosixStagedFile::OpenTemporary(mode_t mode) {
     mFile = Descriptor(openat(mFolder.Number(), name, O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, mode));
     return mFile.IsOpen();
   });
+  mLeftover.Note(mDestination.folder + "/" + mTemporaryName);
 }
 
 void PosixStagedFile::Write(std::span<const std::uint8_t> data) {
@@ -160,6 +163,7 @@ void PosixStagedFile::Commit(bool flush) {
   Check(close(dup(mFile.Number())));
   Check(renameat(mFolder.Number(), mTemporaryName.c_str(), mFolder.Number(), mDestination.name.c_str()));
   mTemporaryName.clear();
+  mLeftover.Forget();
   if (flush)
     FlushFolder();
 }
@@ -177,7 +181,7 @@ void PosixStagedFile::FlushFolder() const {
 
 std::unique_ptr<StagedFile> PosixStagedFiles::Create(std::string_view destination, bool makeFolders) {
   return std::make_unique<PosixStagedFile>(FindDestination(mPaths, destination, makeFolders), makeFolders,
-                                           ReadWriteForAll);
+                                           ReadWriteForAll, mSweeps);
 }
 
 bool PosixStagedFiles::IsSameFile(std::string_view first, std::string_view second) {

@@ -4,7 +4,9 @@
 #pragma once
 
 #include "platform/StagedFile.h"
+#include "platform/SweepTimes.h"
 #include "platform/posix/Descriptor.h"
+#include "platform/posix/Leftovers.h"
 #include "platform/posix/PathMap.h"
 
 #include <sys/stat.h>
@@ -46,7 +48,7 @@ private:
 class PosixStagedFile final : public StagedFile {
 public:
   /// mode: the permission bits of a new file, less those of the user's mask; an existing file's are kept.
-  PosixStagedFile(Destination destination, bool makeFolders, mode_t mode);
+  PosixStagedFile(Destination destination, bool makeFolders, mode_t mode, SweepTimes<std::string> &sweeps);
   ~PosixStagedFile() override;
 
   void Write(std::span<const std::uint8_t> data) override;
@@ -72,6 +74,7 @@ private:
   Descriptor mFolder;
   Descriptor mFile;
   std::string mTemporaryName; ///< "" while the file has none
+  Leftover mLeftover;
   std::uint64_t mPosition = 0;
   std::optional<timespec> mModified;
 };
@@ -86,6 +89,7 @@ public:
 
 private:
   const PathMap &mPaths;
+  SweepTimes<std::string> mSweeps;
 };
 
 } // namespace turfdesk

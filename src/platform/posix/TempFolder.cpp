@@ -4,6 +4,7 @@
 #include "platform/posix/TempFolder.h"
 
 #include "platform/posix/Abandoned.h"
+#include "platform/posix/Leftovers.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -40,13 +41,17 @@ public:
         RemoveWithContents(folder.path);
   }
 
-  void Add(const std::string &path) { mFolders.push_back({getpid(), path, Lock(path)}); }
+  void Add(const std::string &path) {
+    mFolders.push_back({getpid(), path, Lock(path), {}});
+    mFolders.back().leftover.Note(path);
+  }
 
 private:
   struct OwnedFolder {
     pid_t owner;
     std::string path;
     Descriptor lock;
+    Leftover leftover;
   };
   std::vector<OwnedFolder> mFolders;
 };

@@ -12,4 +12,8 @@ namespace turfdesk {
 /// paths; gives "" when the folder cannot be made there.
 std::wstring MakeTempFolder(const std::wstring &parent);
 
+/// Removes all that were made, as the end of the process does, when it is ended by other means than exit. For any
+/// thread. False when something in them is in use.
+bool RemoveTempFolders();
+
 } // namespace turfdesk

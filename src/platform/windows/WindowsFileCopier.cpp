@@ -78,7 +78,7 @@ void WindowsFileCopier::Copy(std::string_view sourcePath, std::string_view desti
   if (LookAt(destinationPath, existing) == 0 && existing.IsSameFile(source.facts))
     throw RuntimeError(ErrorNumber::PermissionDenied);
 
-  WindowsStagedFile staged(destinationPath, false);
+  WindowsStagedFile staged(destinationPath, false, mSweeps);
   staged.Reserve(source.facts.size);
   CopyContent(source, staged, report);
   staged.KeepTime(source.facts.modified);

@@ -4,6 +4,9 @@
 #pragma once
 
 #include "platform/FileCopier.h"
+#include "platform/SweepTimes.h"
+
+#include <string>
 
 namespace turfdesk {
 
@@ -13,6 +16,9 @@ public:
   /// that another program has open. A folder as the source throws 75. The copy has none of the source's attributes:
   /// what comes from a read-only medium must not be read-only for good.
   void Copy(std::string_view source, std::string_view destination, const Report &report) override;
+
+private:
+  SweepTimes<std::wstring> mSweeps;
 };
 
 } // namespace turfdesk

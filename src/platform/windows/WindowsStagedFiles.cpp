@@ -4,6 +4,7 @@
 #include "platform/windows/WindowsStagedFiles.h"
 
 #include "platform/windows/Abandoned.h"
+#include "platform/windows/EndingGate.h"
 #include "platform/windows/FileFacts.h"
 #include "platform/windows/FolderEntries.h"
 #include "platform/windows/SystemError.h"
@@ -45,7 +46,8 @@ std::vector<std::byte> RenameInformation(const std::wstring &newPath) {
 
 } // namespace
 
-WindowsStagedFile::WindowsStagedFile(std::string_view destination, bool makeFolders) {
+WindowsStagedFile::WindowsStagedFile(std::string_view destination, bool makeFolders, SweepTimes<std::wstring> &sweeps) {
+  StopIfEnding();
   std::wstring path;
   if (const std::uint32_t error = ToSystemPath(destination, path); error != 0)
     ThrowSystemError(error);
@@ -64,7 +66,8 @@ WindowsStagedFile::WindowsStagedFile(std::string_view destination, bool makeFold
     if (const std::uint32_t error = mNewFolders.Make(mFolder); error != 0)
       ThrowFolderError(error);
   CheckReplaceable();
-  RemoveAbandoned(mFolder, StagedFileNames, TemporaryKind::Files);
+  if (sweeps.IsDue(mFolder))
+    RemoveAbandoned(mFolder, StagedFileNames, TemporaryKind::Files);
   OpenTemporary();
 }
 
@@ -174,7 +177,7 @@ void WindowsStagedFile::Commit(bool flush) {
 }
 
 std::unique_ptr<StagedFile> WindowsStagedFiles::Create(std::string_view destination, bool makeFolders) {
-  return std::make_unique<WindowsStagedFile>(destination, makeFolders);
+  return std::make_unique<WindowsStagedFile>(destination, makeFolders, mSweeps);
 }
 
 bool WindowsStagedFiles::IsSameFile(std::string_view first, std::string_view second) {

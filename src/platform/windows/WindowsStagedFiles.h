@@ -4,6 +4,7 @@
 #pragma once
 
 #include "platform/StagedFile.h"
+#include "platform/SweepTimes.h"
 #include "platform/windows/NewFolders.h"
 #include "platform/windows/SystemHandle.h"
 
@@ -19,7 +20,7 @@ namespace turfdesk {
 class WindowsStagedFile final : public StagedFile {
 public:
   /// Throws what StagedFiles::Create does, and 70 when another program has the destination open.
-  WindowsStagedFile(std::string_view destination, bool makeFolders);
+  WindowsStagedFile(std::string_view destination, bool makeFolders, SweepTimes<std::wstring> &sweeps);
   ~WindowsStagedFile() override;
 
   void Write(std::span<const std::uint8_t> data) override;
@@ -57,6 +58,9 @@ public:
   std::unique_ptr<StagedFile> Create(std::string_view destination, bool makeFolders) override;
   bool IsSameFile(std::string_view first, std::string_view second) override;
   std::uint64_t FreeBytes(std::string_view folder) override;
+
+private:
+  SweepTimes<std::wstring> mSweeps;
 };
 
 } // namespace turfdesk

@@ -3,12 +3,11 @@
 
 #include "platform/zip/ArchiveReader.h"
 
+#include "platform/zip/ArchiveEnd.h"
 #include "platform/zip/EntryName.h"
 #include "platform/zip/ExtendedTime.h"
-#include "platform/zip/ZipStatus.h"
 
 #include <algorithm>
-#include <array>
 
 namespace turfdesk {
 
@@ -19,8 +18,9 @@ constexpr std::size_t PieceSize = std::size_t{256} * 1024;
 /// The archive's bytes for libzip, which asks for them in small portions.
 class ArchiveInput final : public CallbackSource {
 public:
-  ArchiveInput(BinaryFile &file, std::uint64_t size, CallbackFailure &failure)
-      : CallbackSource(failure), mFile(file), mSize(size), mBuffer(BufferSize) {}
+  /// The archive is what follows the first bytes of the file.
+  ArchiveInput(BinaryFile &file, std::uint64_t before, std::uint64_t size, CallbackFailure &failure)
+      : CallbackSource(failure), mFile(file), mBefore(before), mSize(size), mBuffer(BufferSize) {}
 
 protected:
   zip_int64_t Perform(zip_source_cmd_t command, void *data, zip_uint64_t length) override {
@@ -77,12 +77,13 @@ private:
     mBuffered = 0;
     mBufferStart = mPosition;
     WhileReading([this] {
-      mFile.Seek(mPosition);
+      mFile.Seek(mBefore + mPosition);
       mBuffered = mFile.Read(mBuffer);
     });
   }
 
   BinaryFile &mFile;
+  std::uint64_t mBefore;
   std::uint64_t mSize;
   std::uint64_t mPosition = 0;
   std::vector<std::uint8_t> mBuffer;
@@ -90,69 +91,52 @@ private:
   std::size_t mBuffered = 0;
 };
 
-bool Contains(std::span<const std::uint8_t> bytes, std::string_view text) {
-  return std::search(bytes.begin(), bytes.end(), text.begin(), text.end()) != bytes.end();
-}
-
-/// Tells apart the files in which libzip finds no archive: those with an end record, whose directory is damaged; those
-/// that begin like an archive, which are cut short or have more disks; and those that are something else.
-ZipStatus StatusWithoutDirectory(BinaryFile &file, std::uint64_t size) {
-  constexpr std::size_t endRecordSize = 22;
-  constexpr std::size_t longestComment = 65535;
-  constexpr std::size_t signatureSize = 4;
-  std::vector<std::uint8_t> tail(std::min<std::uint64_t>(size, endRecordSize + longestComment));
-  std::array<std::uint8_t, signatureSize> start = {};
-  WhileReading([&] {
-    file.Seek(size - tail.size());
-    tail.resize(file.Read(tail));
-    file.Seek(0);
-    file.Read(start);
-  });
-  const std::size_t rest = endRecordSize - signatureSize;
-  tail.resize(tail.size() - std::min(tail.size(), rest));
-  if (Contains(tail, "PK\x05\x06"))
-    return ZipStatus::BadStructure;
-  if (Contains(start, "PK\x03\x04"))
-    return ZipStatus::EndOfFile;
-  return Contains(start, "PK\x07\x08") ? ZipStatus::MultipleDisks : ZipStatus::NotAnArchive;
-}
-
-/// An entry's name in UTF-8, backslashes between folders, as libzip decodes it: what is neither marked as UTF-8 nor
-/// looks like it is code page 437. A NUL becomes a blank.
-std::string DecodedName(zip_t *archive, zip_uint64_t index) {
-  const char *raw = zip_get_name(archive, index, ZIP_FL_ENC_RAW);
-  const char *decoded = zip_get_name(archive, index, ZIP_FL_ENC_GUESS);
-  if (raw == nullptr || decoded == nullptr)
+std::string_view NameOf(zip_t *archive, zip_uint64_t index, zip_flags_t encoding) {
+  const char *name = zip_get_name(archive, index, encoding);
+  if (name == nullptr)
     throw ZipFault(StatusOfLibzip(zip_get_error(archive)));
-  // The code page has pictures for control characters, so that they no longer show in the decoded name.
-  const std::string_view bytes = raw;
-  if (std::any_of(bytes.begin(), bytes.end(), [](char c) { return c > 0 && c < 0x20; }))
-    throw ZipFault(ZipStatus::CannotCreateFile);
-  std::string name = decoded;
-  std::replace(name.begin(), name.end(), '/', '\\');
   return name;
 }
 
-/// Is the entry what its name says: a file, or a folder where the name ends in a separator? Links, devices and the
-/// like are neither. A folder may be marked as a file: tools that know no modes do so.
-bool HasExpectedType(zip_t *archive, zip_uint64_t index, bool isFolder) {
+/// In UTF-8, as libzip decodes it: what is neither marked as UTF-8 nor looks like it is code page 437. A NUL becomes a
+/// blank. The code page has pictures for control characters, so that they no longer show in the decoded name.
+EntryName DecodedName(zip_t *archive, zip_uint64_t index) {
+  EntryName name = ReadEntryName(NameOf(archive, index, ZIP_FL_ENC_GUESS));
+  const std::string_view raw = NameOf(archive, index, ZIP_FL_ENC_RAW);
+  if (std::any_of(raw.begin(), raw.end(), [](char c) { return c > 0 && c < 0x20; }))
+    name.status = ZipStatus::CannotCreateFile;
+  return name;
+}
+
+enum class EntryKind { File, Folder, Neither };
+
+/// Links, devices and the like are neither. What is said to be a folder or a pipe and has content is not: some tools
+/// write a wrong mode, and those that know no modes write none. A name that ends in a separator is a folder's.
+EntryKind KindOf(zip_t *archive, const zip_stat_t &stat, const EntryName &name) {
   constexpr zip_uint32_t typeMask = 0170000;
   constexpr zip_uint32_t regularFile = 0100000;
   constexpr zip_uint32_t folder = 0040000;
+  constexpr zip_uint32_t pipe = 0010000;
+  constexpr zip_uint32_t windowsFolder = 0x10;
   constexpr zip_uint32_t windowsLink = 0x400;
   zip_uint8_t system = 0;
   zip_uint32_t attributes = 0;
-  if (zip_file_get_external_attributes(archive, index, 0, &system, &attributes) != 0)
-    return false;
+  if (name.isFolder)
+    return EntryKind::Folder;
+  if (zip_file_get_external_attributes(archive, stat.index, 0, &system, &attributes) != 0 ||
+      (attributes & windowsLink) != 0)
+    return EntryKind::Neither;
   const zip_uint32_t type = (attributes >> 16) & typeMask;
-  return (attributes & windowsLink) == 0 && (type == 0 || type == regularFile || (isFolder && type == folder));
+  if (stat.size == 0 && (type == folder || (type == 0 && (attributes & windowsFolder) != 0)))
+    return EntryKind::Folder;
+  const bool isFile = type == 0 || type == regularFile || (type == pipe && stat.size > 0);
+  return isFile ? EntryKind::File : EntryKind::Neither;
 }
 
-void CheckMethod(const zip_stat_t &stat) {
-  if (stat.encryption_method != ZIP_EM_NONE)
-    throw ZipFault(ZipStatus::UnsupportedVersion);
-  if (stat.comp_method != ZIP_CM_STORE && stat.comp_method != ZIP_CM_DEFLATE)
-    throw ZipFault(ZipStatus::UnsupportedVersion);
+/// Could the content be read?
+bool IsReadable(const zip_stat_t &stat) {
+  return stat.encryption_method == ZIP_EM_NONE &&
+         (stat.comp_method == ZIP_CM_STORE || stat.comp_method == ZIP_CM_DEFLATE);
 }
 
 } // namespace
@@ -171,7 +155,8 @@ void ArchiveReader::Open() {
   const std::uint64_t size = WhileReading([this] { return mFile->Size(); });
   if (size == 0)
     throw ZipFault(ZipStatus::ArchiveEmpty);
-  mSource = std::make_unique<ArchiveInput>(*mFile, size, mFailure);
+  const std::uint64_t before = WhileReading([this] { return BytesBeforeArchive(*mFile); });
+  mSource = std::make_unique<ArchiveInput>(*mFile, before, size - before, mFailure);
   SourceHandle source = mSource->MakeSource();
   ZipError error;
   mArchive.reset(zip_open_from_source(source.get(), ZIP_RDONLY, error.Get()));
@@ -180,34 +165,29 @@ void ArchiveReader::Open() {
     return;
   }
   if (!mFailure.cause && zip_error_code_zip(error.Get()) == ZIP_ER_NOZIP)
-    throw ZipFault(StatusWithoutDirectory(*mFile, size));
+    throw ZipFault(WhileReading([this] { return StatusWithoutDirectory(*mFile); }));
   mFailure.Throw(error.Get());
 }
 
 void ArchiveReader::ReadDirectory() {
   const zip_int64_t count = zip_get_num_entries(mArchive.get(), 0);
-  std::vector<std::string> names;
   for (zip_uint64_t index = 0; index < static_cast<zip_uint64_t>(count); ++index) {
     zip_stat_t stat;
     if (zip_stat_index(mArchive.get(), index, 0, &stat) != 0)
       throw ZipFault(StatusOfLibzip(zip_get_error(mArchive.get())));
-    std::string name = DecodedName(mArchive.get(), index);
-    names.push_back(name);
-    const bool isFolder = name.ends_with('\\');
-    if (isFolder)
-      name.pop_back();
-    if (const ZipStatus status = CheckEntryName(name); status != ZipStatus::Done)
-      throw ZipFault(status);
-    if (!HasExpectedType(mArchive.get(), index, isFolder))
-      throw ZipFault(ZipStatus::CannotCreateFile);
-    if (isFolder)
+    EntryName name = DecodedName(mArchive.get(), index);
+    const EntryKind kind = KindOf(mArchive.get(), stat, name);
+    if (kind == EntryKind::Folder || name.isRecord)
       continue;
-    CheckMethod(stat);
+    ZipStatus status = name.status;
+    if (status == ZipStatus::Done && kind == EntryKind::Neither)
+      status = ZipStatus::CannotCreateFile;
+    if (status == ZipStatus::Done && !IsReadable(stat))
+      status = ZipStatus::UnsupportedVersion;
     const std::int64_t modified = ReadExtendedTime(mArchive.get(), index).value_or(stat.mtime);
-    mEntries.push_back({index, std::move(name), stat.size, stat.crc, modified});
+    mEntries.push_back(
+        {index, std::move(name.text), name.status == ZipStatus::Done, status, stat.size, stat.crc, modified});
   }
-  if (NamesClash(names))
-    throw ZipFault(ZipStatus::NameRepeated);
   if (mEntries.empty())
     throw ZipFault(ZipStatus::ArchiveEmpty);
 }

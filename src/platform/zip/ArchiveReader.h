@@ -5,6 +5,7 @@
 
 #include "platform/BinaryFile.h"
 #include "platform/zip/CallbackSource.h"
+#include "platform/zip/ZipStatus.h"
 
 #include <cstdint>
 #include <functional>
@@ -21,6 +22,10 @@ struct ArchiveEntry {
   zip_uint64_t index = 0;
   /// Where it goes below the folder that the archive is extracted to, backslashes between folders.
   std::string name;
+  /// Can a file bear the name?
+  bool isNameUsable = true;
+  /// Why the file cannot be extracted, or Done.
+  ZipStatus status = ZipStatus::Done;
   /// Uncompressed, as the archive states it.
   std::uint64_t size = 0;
   std::uint32_t crc = 0;
@@ -28,16 +33,16 @@ struct ArchiveEntry {
   std::int64_t modified = 0;
 };
 
-/// An archive that has been opened and found fit to be extracted: no entry of it is hostile or unusable.
+/// An archive that has been opened and whose directory is sound.
 class ArchiveReader {
 public:
-  /// Throws ZipFault when the archive cannot be read or is refused. files must outlive the reader.
+  /// Throws ZipFault when the archive cannot be read or has no files. files must outlive the reader.
   ArchiveReader(BinaryFiles &files, std::string_view path);
   ArchiveReader(const ArchiveReader &) = delete;
   ArchiveReader &operator=(const ArchiveReader &) = delete;
   ~ArchiveReader();
 
-  /// The archive's files, in its order. Folders are not among them.
+  /// The archive's files, in its order. Folders and what archivers keep for themselves are not among them.
   const std::vector<ArchiveEntry> &Entries() const { return mEntries; }
 
   /// Hands the file's content on, piece by piece: exactly as many bytes as stated, whatever the data holds. Throws

@@ -13,7 +13,7 @@
 
 #include <algorithm>
 #include <deque>
-#include <set>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -79,8 +79,8 @@ protected:
 
 private:
   void Open() {
-    mFile = OpenSource(mContext.files, mSource.path);
     mContext.reporter.Raise(mContext.layer.ZipPreprocessingFile, mSource.path);
+    mFile = OpenSource(mContext.files, mSource.path);
     mContext.reporter.Raise(mContext.layer.ZippingFile, mSource.path);
     if (mSource.deflated)
       mContext.deflater.Begin([this](std::span<std::uint8_t> buffer) { return ReadSource(buffer); });
@@ -177,35 +177,48 @@ private:
   std::uint64_t mSize = 0;
 };
 
-/// The sources under their bare names. All is refused before any file is touched when two entries would have one name,
-/// or the archive would take the place of a file that goes into it.
+/// Looks at a source before any is written. Whoever is told of a fault sees the file's name then.
+template <typename Look> void LookAtSource(const ZipLayer &layer, const std::string &path, Look look) {
+  try {
+    look();
+  } catch (const ZipFault &) {
+    WorkReporter(layer).Raise(layer.ZipPreprocessingFile, path);
+    throw;
+  }
+}
+
+/// The sources under their bare names, a file that is named twice once. All is refused before any file is touched when
+/// two of them would have one name, or the archive would take the place of a file that goes into it.
 std::vector<SourceFile> NameSources(StagedFiles &stagedFiles, const ZipLayer &layer) {
   std::vector<SourceFile> sources;
-  std::set<std::string> names;
-  for (std::string &path : SplitList(layer.FilesToProcess)) {
-    SourceFile source;
-    source.name = BareFileName(path);
-    source.deflated = !IsCompressedAlready(source.name);
-    source.path = std::move(path);
-    if (stagedFiles.IsSameFile(source.path, layer.ZipFilename))
-      throw ZipFault(ZipStatus::BadCall);
-    if (!names.insert(FoldCase(source.name)).second)
-      throw ZipFault(ZipStatus::NameRepeated);
-    sources.push_back(std::move(source));
-  }
+  std::map<std::string, std::string> pathsByName;
+  for (const std::string &path : SplitList(layer.FilesToProcess))
+    LookAtSource(layer, path, [&] {
+      if (stagedFiles.IsSameFile(path, layer.ZipFilename))
+        throw ZipFault(ZipStatus::BadCall);
+      SourceFile source{path, std::string(BareFileName(path))};
+      source.deflated = !IsCompressedAlready(source.name);
+      const auto [known, isNew] = pathsByName.emplace(FoldCase(source.name), path);
+      if (isNew)
+        sources.push_back(std::move(source));
+      else if (!stagedFiles.IsSameFile(known->second, path))
+        throw ZipFault(ZipStatus::NameRepeated);
+    });
   if (sources.empty())
     throw ZipFault(ZipStatus::NothingToDo);
   return sources;
 }
 
 /// Fills in size and time of each source. Gives the sum of the sizes.
-std::uint64_t InspectSources(BinaryFiles &files, std::vector<SourceFile> &sources) {
+std::uint64_t InspectSources(BinaryFiles &files, const ZipLayer &layer, std::vector<SourceFile> &sources) {
   std::uint64_t total = 0;
   for (SourceFile &source : sources) {
-    const auto file = OpenSource(files, source.path);
-    WhileReading([&] {
-      source.size = file->Size();
-      source.modified = file->ModificationTime();
+    LookAtSource(layer, source.path, [&] {
+      const auto file = OpenSource(files, source.path);
+      WhileReading([&] {
+        source.size = file->Size();
+        source.modified = file->ModificationTime();
+      });
     });
     total += source.size;
   }
@@ -248,7 +261,7 @@ void WriteEntries(StagedFile &staged, const std::vector<SourceFile> &sources, co
 
 void WriteArchive(BinaryFiles &files, StagedFiles &stagedFiles, const ZipLayer &layer) {
   std::vector<SourceFile> sources = NameSources(stagedFiles, layer);
-  const std::uint64_t total = InspectSources(files, sources);
+  const std::uint64_t total = InspectSources(files, layer, sources);
   const auto staged = WhileWriting([&] { return stagedFiles.Create(layer.ZipFilename, false); });
   BlockDeflater deflater;
   CallbackFailure failure;

@@ -4,7 +4,9 @@
 #include "platform/zip/EntryName.h"
 
 #include "platform/CaseFold.h"
+#include "platform/NextName.h"
 #include "platform/WindowsNames.h"
+#include "platform/zip/EntrySelection.h"
 
 #include <algorithm>
 
@@ -26,20 +28,37 @@ bool HasDriveLetter(std::string_view name) {
   return name.size() > 1 && name[1] == ':' && letter >= 'a' && letter <= 'z';
 }
 
+/// What macOS packs beside each file.
+bool IsRecord(std::string_view name) {
+  constexpr std::string_view folder = "__MACOSX\\";
+  return name.starts_with(folder) || BareFileName(name).starts_with("._");
+}
+
 } // namespace
 
-ZipStatus CheckEntryName(std::string_view name) {
-  if (name.empty() || name.size() > LongestEntryName)
-    return ZipStatus::CannotCreateFile;
-  if (name[0] == '\\' || HasDriveLetter(name))
-    return ZipStatus::OutsideFolder;
-  for (;;) {
-    const std::size_t end = name.find('\\');
-    const ZipStatus status = CheckComponent(name.substr(0, end));
-    if (status != ZipStatus::Done || end == std::string_view::npos)
-      return status;
-    name.remove_prefix(end + 1);
+EntryName ReadEntryName(std::string_view stored) {
+  EntryName name{std::string(stored)};
+  std::replace(name.text.begin(), name.text.end(), '/', '\\');
+  const bool isTooLong = name.text.size() > LongestEntryName;
+  if (!name.text.empty() && (name.text[0] == '\\' || HasDriveLetter(name.text)))
+    name.status = ZipStatus::OutsideFolder;
+  else if (name.text.empty() || isTooLong)
+    name.status = ZipStatus::CannotCreateFile;
+  std::string kept;
+  std::string_view rest = name.text;
+  while (!rest.empty()) {
+    const std::string_view part = NextName(rest, [](char c) { return c == '\\'; });
+    if (part.empty() || part == ".")
+      continue;
+    kept.append(kept.empty() ? 0 : 1, '\\').append(part);
+    if (name.status == ZipStatus::Done)
+      name.status = CheckComponent(part);
   }
+  name.isFolder = name.text.ends_with('\\') || name.text == "." || name.text.ends_with("\\.");
+  name.isRecord = IsRecord(kept);
+  if (name.status == ZipStatus::Done)
+    name.text = std::move(kept);
+  return name;
 }
 
 bool NamesClash(const std::vector<std::string> &names) {
@@ -53,9 +72,7 @@ bool NamesClash(const std::vector<std::string> &names) {
   }
   std::sort(sorted.begin(), sorted.end());
   const auto clash = [](const std::string &before, const std::string &after) {
-    if (!after.starts_with(before) || before.back() == separator)
-      return false;
-    return after.size() == before.size() || after[before.size()] == separator;
+    return after.starts_with(before) && (after.size() == before.size() || after[before.size()] == separator);
   };
   return std::adjacent_find(sorted.begin(), sorted.end(), clash) != sorted.end();
 }

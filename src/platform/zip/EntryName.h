@@ -11,13 +11,23 @@
 
 namespace turfdesk {
 
-/// Judges the name of an entry, backslashes between its folders and none at its end, as the place of a file below the
-/// folder that the archive is extracted to. Gives ZipStatus::Done when a file can bear that name on every Windows disk
-/// and lies inside the folder.
-ZipStatus CheckEntryName(std::string_view name);
+/// The name of an entry as the place of a file below the folder that the archive is extracted to.
+struct EntryName {
+  /// Backslashes between folders. Where no file can bear the name it is as it was given, but for those.
+  std::string text;
+  /// Done when a file can bear the name on every Windows disk and lies inside the folder.
+  ZipStatus status = ZipStatus::Done;
+  /// Does it end in a separator?
+  bool isFolder = false;
+  /// Is it one that an archiver makes for what another system knows of a file?
+  bool isRecord = false;
+};
 
-/// Would two of these names be the same file, ignoring case, or one of them a folder of another? Folders that have an
-/// entry of their own are given with a backslash at the end, and may repeat.
+/// stored is the name as the archive has it, in UTF-8, with slashes or backslashes. Parts that are empty or a dot mean
+/// nothing, as on any disk; at its beginning an empty one leads out of the folder.
+EntryName ReadEntryName(std::string_view stored);
+
+/// Would two of these names be the same file, ignoring case, or one of them a folder of another?
 bool NamesClash(const std::vector<std::string> &names);
 
 } // namespace turfdesk

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "platform/zip/ArchiveReader.h"
+
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,12 +23,16 @@ class EntrySelection {
 public:
   explicit EntrySelection(std::string_view filesToProcess);
 
-  /// Is the file selected? name has backslashes between its folders. Patterns are held against the whole name, where *
-  /// also stands for folders, and against the bare file name. What has neither * nor ? is the whole name of one file.
-  bool Selects(std::string_view name) const;
+  /// The selected ones of an archive's files, in its order. Patterns are held against the whole name, where * also
+  /// stands for folders, and against the bare file name. What has neither * nor ? is the whole name of one file: of
+  /// several files of that name the last, and one with exactly these letters before one with other case.
+  std::vector<ArchiveEntry> From(const std::vector<ArchiveEntry> &entries) const;
 
 private:
+  bool MatchesPattern(std::string_view foldedName) const;
+
   std::vector<std::string> mPatterns;
+  std::vector<std::string> mNames;
 };
 
 } // namespace turfdesk

@@ -5,12 +5,12 @@
 
 #include "platform/zip/ArchiveReader.h"
 #include "platform/zip/ArchiveWriter.h"
+#include "platform/zip/EntryName.h"
 #include "platform/zip/EntrySelection.h"
 #include "platform/zip/WorkReporter.h"
 #include "platform/zip/ZipStatus.h"
 
 #include <algorithm>
-#include <iterator>
 #include <limits>
 #include <new>
 #include <system_error>
@@ -67,10 +67,7 @@ template <typename Work> std::int16_t LibzipLayer::Run(Work work) {
 }
 
 std::vector<ArchiveEntry> LibzipLayer::SelectedEntries(const ArchiveReader &archive) const {
-  const EntrySelection selection(FilesToProcess);
-  std::vector<ArchiveEntry> selected;
-  std::copy_if(archive.Entries().begin(), archive.Entries().end(), std::back_inserter(selected),
-               [&selection](const ArchiveEntry &entry) { return selection.Selects(entry.name); });
+  std::vector<ArchiveEntry> selected = EntrySelection(FilesToProcess).From(archive.Entries());
   if (selected.empty())
     throw ZipFault(ZipStatus::NothingToDo);
   return selected;
@@ -80,7 +77,20 @@ void LibzipLayer::List() {
   const ArchiveReader archive(mFiles, ZipFilename);
   const WorkReporter reporter(*this);
   for (const ArchiveEntry &entry : SelectedEntries(archive))
-    reporter.Raise(ListingFile, entry.name);
+    if (entry.isNameUsable)
+      reporter.Raise(ListingFile, entry.name);
+}
+
+/// What is not extracted is not judged: it can do no harm.
+void CheckSelected(const std::vector<ArchiveEntry> &entries) {
+  std::vector<std::string> names;
+  for (const ArchiveEntry &entry : entries) {
+    if (entry.status != ZipStatus::Done)
+      throw ZipFault(entry.status);
+    names.push_back(entry.name);
+  }
+  if (NamesClash(names))
+    throw ZipFault(ZipStatus::NameRepeated);
 }
 
 std::uint64_t SumOfSizes(const std::vector<ArchiveEntry> &entries) {
@@ -95,6 +105,7 @@ std::uint64_t SumOfSizes(const std::vector<ArchiveEntry> &entries) {
 void LibzipLayer::Extract() {
   ArchiveReader archive(mFiles, ZipFilename);
   const std::vector<ArchiveEntry> selected = SelectedEntries(archive);
+  CheckSelected(selected);
   const std::uint64_t total = SumOfSizes(selected);
   if (WhileWriting([this] { return mStagedFiles.FreeBytes(UnzipToFolder); }) < total)
     throw ZipFault(ZipStatus::DiskFull);

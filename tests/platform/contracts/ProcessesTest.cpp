@@ -76,6 +76,12 @@ TEST_F(ProcessesTest, OutputOfAProgramStaysOutOfOurs) {
   const std::string errors = testing::internal::GetCapturedStderr();
   EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
   EXPECT_EQ(errors.substr(0, errors.find_last_not_of("\r\n") + 1), "output without input");
+
+  testing::internal::CaptureStderr();
+  const ProcessHandle staying = mPrograms.OpenProcess(mPrograms.Shell(mProgram, {"talk"}, WindowStyle::NormalFocus));
+  mPrograms.WaitForSingleObject(staying, nullptr, nullptr);
+  mPrograms.CloseHandle(staying);
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "") << "a program that may stay has our output in its hands";
 }
 
 TEST_F(ProcessesTest, ATempFolderGoesWithItsProcessAndWhatItLinksToStays) {

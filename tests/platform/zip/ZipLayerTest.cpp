@@ -97,6 +97,7 @@ TEST_F(ZipLayerTest, WhatIsZippedComesBackTheSame) {
     zip->FilesToProcess += path + '\r';
     total += size;
   }
+  zip->FilesToProcess += "c:\\in\\Block.hlb\r"; // once more, and no other file
   ASSERT_EQ(zip->Zip(0), 0);
   EXPECT_EQ(disk.flushes, 1);
   EXPECT_EQ(events.size(), 2 * sources.size());
@@ -135,14 +136,19 @@ TEST_F(ZipLayerTest, ReplacesTheArchiveAndCompressesAllButWhatIsDenseAlready) {
 }
 
 TEST_F(ZipLayerTest, NamesAreListedAsTheyAreExtracted) {
-  PutArchive({{.name = "deep/er\\Kurs.hlc", .data = {1}},
+  PutArchive({{.name = "./deep//er\\Kurs.hlc", .data = {1}},
               {.name = "deep/"},
-              {.name = "Deep\\"},
+              {.name = "Deep\\."},
+              {.name = "deep", .externalAttributes = 0x41ED0000},
+              {.name = "deep/er", .externalAttributes = 0x10},
+              {.name = "__MACOSX/._x.hlc"},
+              {.name = "deep/._Kurs.hlc"},
               {.name = "br\201cke.txt", .data = {2}},
               {.name = "grün.txt", .data = {3}, .flags = 0x800},
               {.name = "COM10.console.txt", .data = {4}},
-              {.name = ".hidden", .data = {5}}});
-  const Names expected = {"deep\\er\\Kurs.hlc", "brücke.txt", "grün.txt", "COM10.console.txt", ".hidden"};
+              {.name = ".hidden", .data = {5}},
+              {.name = "pipe", .data = {6}, .externalAttributes = 0x11B60000}});
+  const Names expected = {"deep\\er\\Kurs.hlc", "brücke.txt", "grün.txt", "COM10.console.txt", ".hidden", "pipe"};
   EXPECT_EQ(Listed(), expected);
   ASSERT_EQ(zip->Unzip(0), 0);
   for (const std::string &name : expected) {
@@ -176,6 +182,31 @@ TEST_F(ZipLayerTest, SelectsByPatternAndByLiteralName) {
   for (const auto &test : cases) {
     zip->FilesToProcess = test.filesToProcess;
     EXPECT_EQ(Listed(), test.expected) << test.filesToProcess;
+  }
+}
+
+TEST_F(ZipLayerTest, OfSeveralFilesOfOneNameItMeansTheLastWrittenSo) {
+  PutArchive({{.name = "a.bmp", .data = {1}}, {.name = "./a.bmp", .data = {2}}, {.name = "A.BMP", .data = {3}}});
+  for (const auto &[name, content] : {std::pair("a.bmp", 2), {"A.BMP", 3}, {"A.bmp", 3}}) {
+    disk.files.erase("C:\\Out\\a.bmp");
+    disk.files.erase("C:\\Out\\A.BMP");
+    zip->FilesToProcess = std::string(name) + '\r';
+    EXPECT_EQ(zip->Unzip(0), 0);
+    const char *const place = content == 2 ? "C:\\Out\\a.bmp" : "C:\\Out\\A.BMP";
+    EXPECT_EQ(disk.files[place].content, Bytes{static_cast<std::uint8_t>(content)}) << name;
+  }
+}
+
+TEST_F(ZipLayerTest, WhatStandsBeforeAnArchiveIsPassedOverWhetherItsOffsetsKnowOfItOrNot) {
+  const std::string comment = "no PK\x05\x06 record";
+  const Bytes archive = RawZipBytes({{.name = "a.hlc", .data = {1, 2}}, {.name = "b.hlb"}}, {.comment = comment});
+  const Bytes unrelated = RawZipBytes({{.name = "other.hlc", .data = Bytes(200)}});
+  for (const Bytes &before : {Bytes(70'000, 'x'), archive, unrelated}) {
+    Bytes &bytes = disk.files[Archive].content = before;
+    bytes.insert(bytes.end(), archive.begin(), archive.end());
+    EXPECT_EQ(Listed(), (Names{"a.hlc", "b.hlb"}));
+    EXPECT_EQ(zip->Unzip(0), 0);
+    EXPECT_EQ(disk.files["C:\\Out\\a.hlc"].content, (Bytes{1, 2}));
   }
 }
 

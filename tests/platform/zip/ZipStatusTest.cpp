@@ -40,10 +40,6 @@ std::function<void(Trial &)> WithEntry(RawZipEntry entry) {
   return WithBytes(RawZipBytes({GoodEntry, std::move(entry)}));
 }
 
-std::function<void(Trial &)> WithName(std::string name, std::uint16_t flags = 0) {
-  return WithEntry({.name = std::move(name), .data = {1}, .flags = flags});
-}
-
 Bytes CutBy(std::size_t count) {
   Bytes bytes = RawZipBytes({GoodEntry});
   bytes.resize(bytes.size() - count);
@@ -52,7 +48,7 @@ Bytes CutBy(std::size_t count) {
 
 // --- Archives that are refused as a whole.
 
-/// By the listing and by the extraction, before any event. The faulty entries themselves are not selected.
+/// By the listing and by the extraction, before any event.
 void ExpectRefusal(const std::function<void(Trial &)> &arrange, std::int16_t status) {
   Trial trial;
   trial.disk.files["C:\\Out\\good.hlc"].content = {7};
@@ -72,7 +68,9 @@ TEST(ZipStatusTest, RefusedArchiveGivesItsStatusBeforeAnyEvent) {
       {"Missing", 30, [](Trial &) {}},
       {"ZeroBytes", 50, WithBytes({})},
       {"NoEntries", 50, WithBytes(RawZipBytes({}))},
-      {"OnlyFolders", 50, WithBytes(RawZipBytes({{.name = "folder/"}}))},
+      {"OnlyFoldersAndRecords", 50,
+       WithBytes(RawZipBytes({{.name = "folder/"}, {.name = "__MACOSX/x.hlc"}, {.name = "a/._x.hlc"}}))},
+      {"NoUtf8", 110, WithEntry({.name = "x\xFC.hlc", .flags = 0x800})},
       {"NoZip", 100, WithBytes(Bytes(70'000, 'y'))},
       {"DirectoryBehindTheEnd", 110, WithBytes(RawZipBytes({GoodEntry}, {.directoryOffset = 0x00FFFFFF}))},
       {"DirectoryElsewhere", 110, WithBytes(RawZipBytes({GoodEntry}, {.directoryOffset = 3}))},
@@ -88,12 +86,6 @@ TEST(ZipStatusTest, RefusedArchiveGivesItsStatusBeforeAnyEvent) {
          trial.disk.readError = ErrorNumber::DeviceIo;
        }},
       {"DriveNotReady", 400, [](Trial &trial) { trial.disk.openError = ErrorNumber::DiskNotReady; }},
-
-      {"Link", 310, WithEntry({.name = "a", .data = {'/'}, .externalAttributes = 0xA1FF0000})},
-      {"SpecialFile", 310, WithEntry({.name = "a", .externalAttributes = 0x21B60000})},
-      {"WindowsLink", 310, WithEntry({.name = "a", .versionMadeBy = 0x0A14, .externalAttributes = 0x00000420})},
-      {"Encrypted", 490, WithEntry({.name = "a", .data = Bytes(20), .flags = 1})},
-      {"UnknownMethod", 490, WithEntry({.name = "a", .data = {1}, .method = 12})},
   };
   for (const auto &[name, status, arrange] : cases) {
     SCOPED_TRACE(name);
@@ -101,31 +93,56 @@ TEST(ZipStatusTest, RefusedArchiveGivesItsStatusBeforeAnyEvent) {
   }
 }
 
-TEST(ZipStatusTest, AnEntryOfSuchANameIsRefusedWithItsArchive) {
+/// Beside a good file, by which it does not keep from being extracted unless it is selected with it.
+void ExpectRefusalWhereSelected(const RawZipEntry &entry, std::int16_t status, bool isListed) {
+  SCOPED_TRACE(entry.name);
+  Trial trial;
+  int events = 0;
+  trial.zip->ListingFile = trial.zip->UnzipPreprocessingFile = [&events](const std::string &) { ++events; };
+  trial.zip->ZipFilename = Archive;
+  trial.zip->UnzipToFolder = "C:\\Out";
+  trial.zip->FilesToProcess = "*.*\r";
+  WithEntry(entry)(trial);
+  EXPECT_EQ(trial.zip->ListZipContents(), 0);
+  EXPECT_EQ(events, isListed ? 2 : 1);
+  EXPECT_EQ(trial.zip->Unzip(0), status);
+  EXPECT_EQ(events, isListed ? 2 : 1) << "refused before the first event";
+  trial.zip->FilesToProcess = "good.hlc\r";
+  EXPECT_EQ(trial.zip->Unzip(0), 0);
+  EXPECT_EQ(trial.disk.files.size(), 2U) << "the archive and the good file";
+}
+
+TEST(ZipStatusTest, AnEntryThatCannotBeExtractedHarmsOnlyWhereItIsSelected) {
   using Names = std::vector<std::string>;
-  const Names outside = {"..\\up.hlc", "a/../../up.hlc", "/etc/x.hlc", "\\\\host\\share\\x.hlc", "c:x.hlc", "../"};
+  const Names outside = {"..\\up.hlc", "a/../../up.hlc",         "./../up.hlc",
+                         "/etc/x.hlc", "\\\\host\\share\\x.hlc", "c:x.hlc"};
   const Names impossible = {"",
-                            "./x.hlc",
-                            "a//x.hlc",
-                            "x.hlc:y",
+                            "12:30 shot.jpg",
                             "x?.hlc",
                             "x\".hlc",
-                            "x\n.hlc",
+                            "Icon\r",
                             "x\x1B.hlc",
                             std::string("x.hlc\0", 6),
                             "a /x.hlc",
                             "x.hlc.",
                             std::string(256, 'a'),
-                            "..\xC0\xAFx.hlc"};
-  const Names devices = {"a\\Con.hlc", "nul .tar.hlc", "lpt9"};
-  const Names taken = {"good.hlc", "GOOD.HLC", "Good.hlc/x.hlb", "good.hlc\\"};
-  for (const auto &[names, status] : {std::pair(outside, 350), {impossible, 310}, {devices, 310}, {taken, 370}})
-    for (const std::string &name : names) {
-      SCOPED_TRACE(name);
-      ExpectRefusal(WithName(name), static_cast<std::int16_t>(status));
-    }
-  ExpectRefusal(WithName("COM\xC2\xB2.hlc", 0x800), 310);
-  ExpectRefusal(WithName("x\xFC.hlc", 0x800), 110);
+                            "..\xC0\xAFx.hlc",
+                            "a\\Con.hlc",
+                            "nul .tar.hlc",
+                            "lpt9"};
+  for (const auto &[names, status] : {std::pair(outside, 350), {impossible, 310}})
+    for (const std::string &name : names)
+      ExpectRefusalWhereSelected({.name = name, .data = {1}}, static_cast<std::int16_t>(status), false);
+  ExpectRefusalWhereSelected({.name = "COM\xC2\xB2.hlc", .flags = 0x800}, 310, false);
+  for (const char *taken : {"GOOD.HLC", "Good.hlc/x.hlb"})
+    ExpectRefusalWhereSelected({.name = taken}, 370, true);
+  ExpectRefusalWhereSelected({.name = "link", .data = {'/'}, .externalAttributes = 0xA1FF0000}, 310, true);
+  ExpectRefusalWhereSelected({.name = "device", .externalAttributes = 0x21B60000}, 310, true);
+  ExpectRefusalWhereSelected({.name = "pipe", .externalAttributes = 0x11B60000}, 310, true);
+  ExpectRefusalWhereSelected({.name = "folder", .data = {1}, .externalAttributes = 0x41ED0000}, 310, true);
+  ExpectRefusalWhereSelected({.name = "link", .versionMadeBy = 0x0A14, .externalAttributes = 0x00000420}, 310, true);
+  ExpectRefusalWhereSelected({.name = "encrypted", .data = Bytes(20), .flags = 1}, 490, true);
+  ExpectRefusalWhereSelected({.name = "bzip2", .data = {1}, .method = 12}, 490, true);
 }
 
 // --- Faults that show while the second file is being extracted.
