@@ -90,7 +90,7 @@ bool WritePackage(SharedState &state, ZipLayer &zip, StatusWindow &window) {
   bool called = false;
   {
     // The zip layer sums up the bytes, which are the one part of this job.
-    constexpr double whole = 1;
+    constexpr double whole = 1000;
     WorkInProgress work(state, window, whole);
     state.workProgress->BeginPart(whole);
     zip.WorkProgress = state.workProgress;

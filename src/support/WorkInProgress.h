@@ -22,7 +22,7 @@ public:
   /// totalBytes: those of all parts that BeginPart will be told of. The bar keeps back a little beside them, so that
   /// it is full only when the work has succeeded, and not at a question behind the last byte.
   WorkInProgress(SharedState &state, StatusWindow &window, double totalBytes)
-      : mState(state), mWindow(window), mProgress(window.WorkProgress(), totalBytes * 1.02) {
+      : mState(state), mWindow(window), mProgress(window.WorkProgress(), totalBytes * 1.02 + 1) {
     mState.screen.SetMousePointer(MousePointer::Hourglass);
     mState.workProgress = &mProgress;
     PassOver([this] {

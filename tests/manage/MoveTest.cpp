@@ -180,6 +180,8 @@ TEST_F(MoveTest, WhatHasNoFileMovesWithoutOne) {
   world.Library(world.grassKey).SetSubItems(column::Filename, "");
   EXPECT_TRUE(world.MoveGrass(R"(C:\Other)"));
   EXPECT_EQ(world.TakeDeleted(), Texts{});
+  world.Library(world.grassKey).SetSubItems(column::Filename, R"(C:\Golf\gone.hlb)");
+  EXPECT_FALSE(world.MoveGrass(R"(C:\Other)")) << "and nothing has been done";
 }
 
 TEST_F(MoveTest, AFileGoesBackWhereTheTreeBreaksDown) {
