@@ -15,7 +15,7 @@ namespace turfdesk {
 
 void PathBox::SetPath(std::string_view path) {
   setText(ToQString(path));
-  home(false);
+  end(false);
 }
 
 std::string PathBox::Path() const { return ToUtf8(text()); }
@@ -50,7 +50,7 @@ void PathBox::focusOutEvent(QFocusEvent *event) {
   QLineEdit::focusOutEvent(event);
   if (event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason)
     return;
-  home(false);
+  end(false);
   emit LostFocus();
 }
 

@@ -29,6 +29,8 @@ protected:
   void paintEvent(QPaintEvent *event) override;
 
 private:
+  QStringList ShownLines() const;
+
   int mLines = 1;
 };
 

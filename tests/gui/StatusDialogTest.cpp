@@ -7,9 +7,11 @@
 #include "widgets/ByteProgressBar.h"
 #include "widgets/QtMessageBoxes.h"
 #include "widgets/QtScreen.h"
+#include "widgets/QtText.h"
 
 #include "gui/ModalWatch.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QDeadlineTimer>
 #include <QLabel>
@@ -118,6 +120,16 @@ TEST_F(StatusDialogTest, LabelsKeepTheWholeOfALongPath) {
   EXPECT_TRUE(label->toolTip().contains("D:\\&lt;b&gt;"));
   dialog.RouteLabel().SetCaption("short");
   EXPECT_EQ(dialog.width(), width);
+}
+
+TEST(QtTextTest, LinesBreakAtBlanksAndBackslashesBeforeTheyBreakWords) {
+  const QFont font = QApplication::font();
+  const int width = QFontMetrics(font).horizontalAdvance(R"("C:\Golf\Courses\My)");
+  EXPECT_EQ(BreakIntoLines(R"("C:\Golf\Courses\Evergreen" to "D:\Cours")", font, width),
+            (QStringList{R"("C:\Golf\Courses\)", R"(Evergreen" to )", R"("D:\Cours")"}));
+  const QString word(60, u'w');
+  EXPECT_EQ(BreakIntoLines("a " + word, font, width).join(""), "a " + word);
+  EXPECT_EQ(BreakIntoLines("a " + word, font, width).front(), "a ");
 }
 
 TEST_F(StatusDialogTest, ProgressCountsBytesBeyondTwoGigabytes) {
@@ -236,7 +248,10 @@ TEST_F(MessageBoxesTest, ATextOfManyLinesLeavesTheButtonsInReach) {
     text += "Library " + std::to_string(i) + "\r\n";
   Show({text, "t", BoxButtons::Ok, BoxIcon::Stop}, [](QMessageBox &box) {
     EXPECT_LT(box.height(), box.screen()->availableSize().height());
-    EXPECT_NE(box.findChild<QPlainTextEdit *>(), nullptr);
+    const auto *view = box.findChild<QPlainTextEdit *>();
+    ASSERT_NE(view, nullptr);
+    EXPECT_EQ(view->accessibleName(), box.text());
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&box)->text(QAccessible::Description), box.text());
     EXPECT_TRUE(box.text().endsWith("Library 1999\n"));
     box.close();
   });
