@@ -124,7 +124,7 @@ TEST(PathBoxTest, ShowsTheEndAndHasTheWholeInItsToolTip) {
   };
   box.SetPath("C:\\a");
   EXPECT_EQ(toolTip(), "");
-  const std::string folder = "C:\\<i>" + std::string(200, 'x');
+  const std::string folder = "C:\\<i>" + std::string(60, 'x');
   box.SetPath(folder + "\\a.hlc");
   const QImage before = box.grab().toImage();
   box.SetPath(folder + "\\b.hlc");
