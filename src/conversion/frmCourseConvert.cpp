@@ -10,7 +10,9 @@
 #include "support/basVorinFile.h"
 #include "ui_frmCourseConvert.h"
 #include "widgets/FolderPicker.h"
+#include "widgets/WindowFitter.h"
 
+#include <QShowEvent>
 #include <QSignalBlocker>
 
 namespace turfdesk {
@@ -79,6 +81,13 @@ void frmCourseConvert::Convert() {
 void frmCourseConvert::done(int result) {
   if (!mConverting)
     QDialog::done(result);
+}
+
+void frmCourseConvert::showEvent(QShowEvent *event) {
+  // Where the user has put it, it stays.
+  if (!testAttribute(Qt::WA_Moved))
+    PlaceBeside(*this, mMainWindow);
+  QDialog::showEvent(event);
 }
 
 void frmCourseConvert::ShowInvalidDirectory() { dlgInvalidDir(this).exec(); }

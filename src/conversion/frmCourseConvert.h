@@ -31,6 +31,9 @@ public:
   /// Closes the form, except while it is converting.
   void done(int result) override;
 
+protected:
+  void showEvent(QShowEvent *event) override;
+
 private:
   frmCourseConvert(SharedState &state, QWidget &mainWindow);
 

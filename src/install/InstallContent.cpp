@@ -28,6 +28,8 @@ struct ContentKind {
   FillRow fillRow;
   void (*showCopyFailure)(SharedState &);
   ListView SharedState::*list;
+  /// The list as a value of ActiveList.
+  std::int32_t which;
   StringId replaceQuestion;
   StringId otherDirectory;
 };
@@ -46,6 +48,7 @@ constexpr ContentKind CourseKind = {&CourseKeyExists,
                                     &FillCourseRow,
                                     &ShowFileError,
                                     &SharedState::lstCourses,
+                                    ActiveCourses,
                                     StringId::CourseExistsReplace,
                                     StringId::CourseDifferentDirectory};
 
@@ -54,6 +57,7 @@ constexpr ContentKind LibraryKind = {&LibraryKeyExists,
                                      &FillLibraryRow,
                                      &ShowLibraryFileError,
                                      &SharedState::lstLibraries,
+                                     ActiveLibraries,
                                      StringId::LibraryExistsReplace,
                                      StringId::LibraryDifferentDirectory};
 
@@ -129,6 +133,8 @@ bool InstallAs(SharedState &state, const ContentKind &kind, const Content &conte
   Row *shown = FindListRow(content.guid, content.name, state.*kind.list, true);
   FillOrRemove(state, state.*kind.list, kind.fillRow, content.guid, *shown);
   row = shown;
+  if (kind.which == ActiveCourses || state.installed.list != ActiveCourses)
+    state.installed = {kind.which, content.guid};
   return true;
 }
 

@@ -19,6 +19,9 @@ frmCourseInstall::frmCourseInstall(SharedState &state, QWidget *parent)
   mUi->fileSource->SetPattern(InstallablePattern);
   connect(mUi->dirSource, &DirectoryList::Change, this,
           [this] { Guarded(mState, "", [this] { mUi->fileSource->SetPath(mUi->dirSource->Path()); }); });
+  mUi->lblDestination->SetLines(3);
+  connect(mUi->dirDestination, &DirectoryList::Change, this,
+          [this] { mUi->lblDestination->SetCaption("The files will go to " + mUi->dirDestination->Path()); });
   connect(mUi->btnInstall, &QPushButton::clicked, this, &frmCourseInstall::btnInstall_Click);
   connect(mUi->btnClose, &QPushButton::clicked, this, &QDialog::reject);
   Form_Load();
@@ -44,6 +47,7 @@ bool frmCourseInstall::OpenStartFolders() {
   const auto tell = [this](const std::string &description) { ShowError(mState, description); };
   FolderPicker source(*mUi->driveSource, *mUi->dirSource, tell);
   FolderPicker destination(*mUi->driveDestination, *mUi->dirDestination, tell);
+  destination.OfferNewFolder(*mUi->btnNewFolder);
   FolderReader &folders = mState.platform.Folders();
   mUi->fileSource->SetFolders(folders);
   source.SetFolders(folders);

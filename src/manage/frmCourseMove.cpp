@@ -28,6 +28,7 @@ frmCourseMove::~frmCourseMove() = default;
 void frmCourseMove::Form_Load() {
   FolderPicker destination(*mUi->driveDestination, *mUi->dirDestination,
                            [this](const std::string &description) { ShowError(mState, description); });
+  destination.OfferNewFolder(*mUi->btnNewFolder);
   destination.SetFolders(mState.platform.Folders());
   if (DirExists(mState, mState.defaultDir))
     destination.SetPath(mState.defaultDir);

@@ -32,6 +32,9 @@ public:
   /// The folder's full path with the names' own case, "." and ".." resolved and without a trailing backslash except
   /// that of a root ("C:\"). "c:" and "C:" mean the drive's root. Throws as Subfolders does.
   virtual std::string CanonicalFolder(std::string_view folder) = 0;
+  /// Makes a folder in one that exists; path is full. False when there is a file or folder of that name already.
+  /// Throws RuntimeError: 52 for a name that no folder can have, 61 disk full, and as Subfolders does.
+  virtual bool MakeFolder(std::string_view path) = 0;
 };
 
 } // namespace turfdesk

@@ -88,10 +88,16 @@ Row &ListView::Add(std::string_view key, std::string_view text) {
   return row;
 }
 
+Row *ListView::NeighbourOf(std::size_t index) const {
+  if (index + 1 < Count())
+    return mRows[index + 1].get();
+  return index > 0 ? mRows[index - 1].get() : nullptr;
+}
+
 void ListView::Remove(Row &row) {
   const std::size_t index = IndexOf(row);
   if (mSelected == &row)
-    Select(nullptr);
+    Select(NeighbourOf(index));
   if (Observed())
     mObserver->BeforeRemove(index);
   UnlinkTag(row);

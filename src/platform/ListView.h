@@ -96,7 +96,7 @@ public:
   /// The first row, in row order, whose Tag begins with the text (case counts), or null.
   Row *FindItem(std::string_view tagBeginning) const;
 
-  /// The selected item, or null. Removing it selects nothing.
+  /// The selected item, or null. Removing it selects the row behind it, or the one before it where it was the last.
   Row *SelectedItem() const { return mSelected; }
   /// Null takes the selection away.
   void Select(Row *row);
@@ -130,6 +130,8 @@ private:
   bool Observed() const { return mObserver != nullptr && mUpdateDepth == 0; }
   bool KeepsOrder() const { return mSorted && mUpdateDepth == 0; }
   static bool StandsBefore(const Row &left, const Row &right);
+  /// Where the selection goes when the row at index leaves.
+  Row *NeighbourOf(std::size_t index) const;
   std::size_t SortedPlace(const Row &row) const;
   void PlaceAgain(std::size_t from);
   void TellChanged(const Row &row);

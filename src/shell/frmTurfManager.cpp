@@ -10,14 +10,16 @@
 #include "support/StringTable.h"
 #include "ui_frmTurfManager.h"
 #include "widgets/FirstActivation.h"
+#include "widgets/LetterMenu.h"
 #include "widgets/QtText.h"
+#include "widgets/WindowFitter.h"
 
-#include <QMenu>
 #include <QPainter>
 #include <QVBoxLayout>
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 namespace turfdesk {
 
@@ -84,6 +86,9 @@ void frmTurfManager::MakeControls() {
   mUi->Label1->setPalette(dark);
   mUi->Label2->setPalette(dark);
   controls->show();
+  // With the styles and fonts of some desktops the buttons are higher than the window was meant to be.
+  const int neededHeight = std::min(sizeHint().height(), RoomOnScreen(*this).height());
+  resize(width(), std::max(height(), neededHeight));
   mUi->lstCourses->setFocus();
 }
 
@@ -102,13 +107,16 @@ void frmTurfManager::ConnectList(RowListWidget &list, std::int32_t which, QMenu 
 }
 
 void frmTurfManager::ConnectButtons() {
-  for (const MainCommand &command : MainCommands())
-    connect(findChild<QPushButton *>(command.button), &QPushButton::clicked, this,
-            [this, &command] { Run(command.button); });
+  for (const MainCommand &command : MainCommands()) {
+    auto *button = findChild<QPushButton *>(command.button);
+    // Enter presses the button that has the focus, as it does in a dialog.
+    button->setAutoDefault(true);
+    connect(button, &QPushButton::clicked, this, [this, &command] { Run(command.button); });
+  }
 }
 
 QMenu *frmTurfManager::MakeMenu(const char *name, const char *title, std::span<const MenuEntry> entries) {
-  auto *menu = new QMenu(title, this);
+  auto *menu = new LetterMenu(title, this);
   menu->setObjectName(name);
   for (const MenuEntry &entry : entries) {
     const bool isLine = std::strcmp(entry.caption, "-") == 0;
@@ -134,6 +142,21 @@ void frmTurfManager::Run(std::string_view button) {
   if (IsAvailable(mState, command))
     Guarded(mState,
             "frmTurfManager." + std::string(button) + "_Click(): ", [this, &command] { command.run(mState, *this); });
+  ShowInstalled();
+}
+
+void frmTurfManager::ShowInstalled() {
+  const SharedState::InstalledItem installed = std::exchange(mState.installed, {});
+  const bool isCourse = installed.list == ActiveCourses;
+  ListView &rows = isCourse ? mState.lstCourses : mState.lstLibraries;
+  Row *row = rows.FindKey(installed.key);
+  if (installed.list == 0 || row == nullptr)
+    return;
+  // The focus, which says what the commands act on, goes where the new row is.
+  (isCourse ? mUi->lstCourses : mUi->lstLibraries)->setFocus();
+  ActivateList(mState, installed.list);
+  EnableCommands();
+  rows.Select(row);
 }
 
 void frmTurfManager::paintEvent(QPaintEvent *) {

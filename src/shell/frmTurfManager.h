@@ -49,6 +49,7 @@ private:
   QMenu *MakeMenu(const char *name, const char *title, std::span<const MenuEntry> entries);
   void EnableCommands();
   void Run(std::string_view button);
+  void ShowInstalled();
 
   SharedState &mState;
   std::unique_ptr<Ui_frmTurfManager> mUi;

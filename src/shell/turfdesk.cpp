@@ -11,6 +11,7 @@
 #include "widgets/QtMessageBoxes.h"
 #include "widgets/QtScreen.h"
 #include "widgets/QtText.h"
+#include "widgets/WindowFitter.h"
 
 #include <QApplication>
 
@@ -100,5 +101,6 @@ int main(int argc, char **argv) {
   const QApplication application(argc, argv);
   QApplication::setApplicationName("turfdesk");
   QApplication::setDesktopFileName("turfdesk");
+  const turfdesk::WindowFitter fitter;
   return turfdesk::Start(ground, turfdesk::CommandTail());
 }

@@ -56,6 +56,15 @@ struct SharedState {
   /// The value that QueryValue fetched last.
   std::string registryResult;
 
+  /// What was installed last, for the window to show; in no list while there is nothing to show. A course counts more
+  /// than the libraries that come with it.
+  struct InstalledItem {
+    /// A value of ActiveList, or 0.
+    std::int32_t list = 0;
+    std::string key;
+  };
+  InstalledItem installed;
+
   /// Where a copy tells how far it has come. The work that is shown sets it; null is nobody.
   JobProgress *workProgress = nullptr;
 

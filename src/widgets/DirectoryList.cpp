@@ -4,6 +4,7 @@
 #include "widgets/DirectoryList.h"
 
 #include "platform/RuntimeError.h"
+#include "platform/WindowsNames.h"
 #include "widgets/ItemToolTips.h"
 #include "widgets/QtText.h"
 #include "widgets/RowDelegate.h"
@@ -83,6 +84,18 @@ void DirectoryList::SetPath(std::string_view folder) {
   ShowEntries(path, subfolders);
   if (another)
     emit Change();
+}
+
+void DirectoryList::MakeFolder(const std::string &name) {
+  if (!IsWindowsName(name))
+    throw RuntimeError(
+        ErrorNumber::BadFileName,
+        "A folder cannot have this name. It has none of the characters \\ / : * ? \" < > |, does not end "
+        "in a dot, and is not that of a device, such as CON or NUL.");
+  const std::string path = Below(mPath, name);
+  if (!mFolders->MakeFolder(path))
+    throw RuntimeError(ErrorNumber::PathFileAccess, "There is a file or folder of this name already.");
+  SetPath(path);
 }
 
 std::string DirectoryList::HighlightedPath() const {

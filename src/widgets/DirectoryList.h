@@ -30,6 +30,9 @@ public:
   /// unchanged.
   void SetPath(std::string_view folder);
 
+  /// Makes a folder in the open one, and opens it. Throws RuntimeError, with words for the user, when it cannot.
+  void MakeFolder(const std::string &name);
+
   /// The folder of the highlighted entry, be it open or not; with none highlighted, the open folder.
   std::string HighlightedPath() const;
 

@@ -6,13 +6,36 @@
 #include "platform/RuntimeError.h"
 #include "widgets/DirectoryList.h"
 #include "widgets/DriveList.h"
+#include "widgets/LetterMenu.h"
 #include "widgets/QtText.h"
+
+#include <QInputDialog>
+#include <QPushButton>
 
 namespace turfdesk {
 
+namespace {
+
+/// Asks for a name until there is a folder of that name, or the user gives up.
+void AskForNewFolder(DirectoryList &directories, const std::function<void(const std::string &)> &tell) {
+  QInputDialog dialog(directories.window());
+  dialog.setWindowTitle("New Folder");
+  dialog.setLabelText("Name of the new folder:");
+  while (dialog.exec() == QDialog::Accepted) {
+    try {
+      directories.MakeFolder(ToUtf8(dialog.textValue().trimmed()));
+      return;
+    } catch (const RuntimeError &error) {
+      tell(error.Description());
+    }
+  }
+}
+
+} // namespace
+
 FolderPicker::FolderPicker(DriveList &drives, DirectoryList &directories,
                            const std::function<void(const std::string &)> &tell)
-    : mDrives(drives), mDirectories(directories) {
+    : mDrives(drives), mDirectories(directories), mTell(tell) {
   QObject::connect(&drives, &DriveList::Change, &directories, [&drives, &directories, tell] {
     try {
       directories.SetPath(drives.Drive());
@@ -22,6 +45,17 @@ FolderPicker::FolderPicker(DriveList &drives, DirectoryList &directories,
   });
   QObject::connect(&directories, &DirectoryList::OpenFailed, &directories,
                    [tell](const QString &description) { tell(ToUtf8(description)); });
+}
+
+void FolderPicker::OfferNewFolder(QPushButton &button) {
+  const auto ask = [&directories = mDirectories, tell = mTell] { AskForNewFolder(directories, tell); };
+  QObject::connect(&button, &QPushButton::clicked, &mDirectories, ask);
+  auto *menu = new LetterMenu(&mDirectories);
+  menu->addAction(button.text(), ask);
+  mDirectories.setContextMenuPolicy(Qt::CustomContextMenu);
+  QObject::connect(
+      &mDirectories, &QWidget::customContextMenuRequested, menu,
+      [menu, &directories = mDirectories](const QPoint &place) { menu->popup(directories.mapToGlobal(place)); });
 }
 
 void FolderPicker::SetFolders(FolderReader &folders) {

@@ -9,6 +9,8 @@
 #include <string>
 #include <string_view>
 
+class QPushButton;
+
 namespace turfdesk {
 
 class DirectoryList;
@@ -22,6 +24,10 @@ public:
   /// drive list keeps the new drive.
   FolderPicker(DriveList &drives, DirectoryList &directories, const std::function<void(const std::string &)> &tell);
 
+  /// Lets the user make folders in the open one, by the button and by a context menu of the directory list. For as long
+  /// as both live.
+  void OfferNewFolder(QPushButton &button);
+
   /// Puts both where lists start. folders must outlive the lists. Throws what FolderReader throws.
   void SetFolders(FolderReader &folders);
   /// Chooses the drive of a folder and opens the folder. Throws what DriveList and DirectoryList throw.
@@ -30,6 +36,7 @@ public:
 private:
   DriveList &mDrives;
   DirectoryList &mDirectories;
+  std::function<void(const std::string &)> mTell;
 };
 
 } // namespace turfdesk

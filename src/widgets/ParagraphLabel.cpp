@@ -5,6 +5,9 @@
 
 #include <QPainter>
 #include <QRegularExpression>
+#include <QScreen>
+
+#include <algorithm>
 
 namespace turfdesk {
 
@@ -26,7 +29,8 @@ QString ParagraphLabel::Paragraphs() const {
 
 QSize ParagraphLabel::sizeHint() const {
   constexpr int anyHeight = 10000;
-  const QRect room(0, 0, fontMetrics().averageCharWidth() * mColumns, anyHeight);
+  const int wanted = fontMetrics().averageCharWidth() * mColumns;
+  const QRect room(0, 0, std::min(wanted, screen()->availableSize().width() * 4 / 5), anyHeight);
   return fontMetrics().boundingRect(room, Flags, Paragraphs()).size();
 }
 

@@ -15,7 +15,7 @@ class ParagraphLabel final : public QLabel {
 public:
   explicit ParagraphLabel(QWidget *parent = nullptr) : QLabel(parent) {}
 
-  /// How many characters of usual width a line has room for.
+  /// How many characters of usual width a line has room for. On a narrow screen it has less.
   void SetColumns(int columns);
 
   QSize sizeHint() const override;

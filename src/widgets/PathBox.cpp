@@ -16,7 +16,7 @@ namespace turfdesk {
 void PathBox::SetPath(std::string_view path) {
   mPath = path;
   setText(OneLine(path));
-  home(false);
+  end(false);
 }
 
 std::string PathBox::Path() const {
@@ -54,7 +54,7 @@ void PathBox::focusOutEvent(QFocusEvent *event) {
   QLineEdit::focusOutEvent(event);
   if (event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason)
     return;
-  home(false);
+  end(false);
   emit LostFocus();
 }
 

@@ -10,9 +10,9 @@
 
 namespace turfdesk {
 
-/// A text box for a path. One that does not fit shows its beginning while nobody works in the box, and is whole in the
-/// tool tip. A box that is read only looks so. There is air above and below the text; some styles cut accents off
-/// without it.
+/// A text box for a path. One that does not fit shows its end, where the file's name is, while nobody works in the box,
+/// and is whole in the tool tip. A box that is read only looks so. There is air above and below the text; some styles
+/// cut accents off without it.
 class PathBox final : public QLineEdit {
   Q_OBJECT
 

@@ -70,7 +70,9 @@ BoxAnswer AnswerOf(int button) {
 /// Puts a text that would push the buttons off the screen, or has a word too long for a line, into a view that breaks
 /// lines anywhere and scrolls.
 void BoundText(QMessageBox &box) {
-  constexpr int width = 520;
+  constexpr int usualWidth = 520;
+  // The icon, the margins and the frame are beside the text.
+  const int width = std::min(usualWidth, box.screen()->availableSize().width() - 150);
   auto *label = box.findChild<QLabel *>("qt_msgbox_label");
   if (label == nullptr)
     return;
@@ -81,6 +83,7 @@ void BoundText(QMessageBox &box) {
     return;
   auto *view = new QPlainTextEdit(box.text(), &box);
   view->setReadOnly(true);
+  view->setAccessibleName(box.text());
   view->setTabChangesFocus(true);
   view->setFrameShape(QFrame::NoFrame);
   view->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
@@ -137,6 +140,7 @@ BoxAnswer QtMessageBoxes::Show(const MessageBox &box) {
   window.setTextFormat(Qt::PlainText);
   window.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   window.setText(Shown(box.text));
+  window.setAccessibleDescription(window.text());
   window.setStandardButtons(buttons.all);
   window.setDefaultButton(buttons.first);
   window.setEscapeButton(buttons.refusal);

@@ -4,6 +4,11 @@
 #include "widgets/QtText.h"
 #include "platform/ShownText.h"
 
+#include <QGuiApplication>
+#include <QScreen>
+#include <QTextLayout>
+#include <QToolTip>
+
 namespace turfdesk {
 
 QString ToQString(std::string_view utf8) { return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size())); }
@@ -14,8 +19,31 @@ QString Shown(std::string_view message) { return ToQString(WithSymbols(message))
 
 QString OneLine(std::string_view utf8) { return Shown(AsOneLine(utf8)); }
 
+QStringList BreakIntoLines(const QString &text, const QFont &font, int width) {
+  // Of no width; lines may break there.
+  constexpr QChar breakHere(0x200B);
+  const QString breakable = QString(text).replace(u'\\', QString(u'\\') + breakHere);
+  QTextLayout layout(breakable, font);
+  QTextOption option;
+  option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  layout.setTextOption(option);
+  QStringList lines;
+  layout.beginLayout();
+  for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+    line.setLineWidth(width);
+    lines.append(breakable.mid(line.textStart(), line.textLength()).remove(breakHere));
+  }
+  layout.endLayout();
+  return lines;
+}
+
 QString PlainToolTip(const QString &text) {
-  return text.isEmpty() ? QString() : "<span>" + text.toHtmlEscaped() + "</span>";
+  if (text.isEmpty())
+    return {};
+  constexpr int margins = 40;
+  const int room = QGuiApplication::primaryScreen()->availableSize().width() - margins;
+  const QString lines = BreakIntoLines(text, QToolTip::font(), room).join('\n');
+  return R"(<div style="white-space:pre">)" + lines.toHtmlEscaped() + "</div>";
 }
 
 } // namespace turfdesk

@@ -3,7 +3,9 @@
 
 #pragma once
 
+#include <QFont>
 #include <QString>
+#include <QStringList>
 
 #include <string>
 #include <string_view>
@@ -19,7 +21,12 @@ QString Shown(std::string_view message);
 /// A name, a path or a label, which may be of strangers, as a window may show it: in one line.
 QString OneLine(std::string_view utf8);
 
-/// A tool tip that shows the text as it stands, also where it looks like markup.
+/// Breaks a text that may hold paths into lines no wider than this many pixels: behind blanks and backslashes, and
+/// inside a word only where that alone is too wide for a line.
+QStringList BreakIntoLines(const QString &text, const QFont &font, int width);
+
+/// A tool tip that shows the text as it stands, also where it looks like markup, in one line if the screen is wide
+/// enough for it.
 QString PlainToolTip(const QString &text);
 
 } // namespace turfdesk

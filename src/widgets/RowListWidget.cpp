@@ -12,14 +12,10 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QScrollBar>
 
 namespace turfdesk {
 
 namespace {
-
-/// Of column 1, which is there for its data and for tools that read the control.
-constexpr int WidthBeyondEdge = 1000;
 
 bool ComesFromKeyboard(Qt::FocusReason reason) {
   return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
@@ -73,9 +69,7 @@ void RowListWidget::SetList(ListView &list, const QStringList &columnTitles) {
 }
 
 void RowListWidget::HideDataColumns() {
-  if (mModel->columnCount() > 1)
-    header()->resizeSection(1, WidthBeyondEdge);
-  for (int column = 2; column < mModel->columnCount(); ++column)
+  for (int column = 1; column < mModel->columnCount(); ++column)
     setColumnHidden(column, true);
 }
 
@@ -169,12 +163,6 @@ void RowListWidget::resizeEvent(QResizeEvent *event) {
 
 bool RowListWidget::viewportEvent(QEvent *event) {
   return ShowWholeTextOfItem(*this, event) || QTreeView::viewportEvent(event);
-}
-
-void RowListWidget::updateGeometries() {
-  QTreeView::updateGeometries();
-  // The columns behind the first never scroll into view, not by the arrow keys either.
-  horizontalScrollBar()->setRange(0, 0);
 }
 
 } // namespace turfdesk

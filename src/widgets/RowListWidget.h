@@ -14,10 +14,10 @@ namespace turfdesk {
 
 class ListViewModel;
 
-/// A list view in report form on a ListView. Column 0 is as wide as the control; column 1 begins beyond its right edge
-/// and the others are hidden, for they hold a row's data. One row at most is selected, and it is the ListView's
-/// selected item: a change on either side shows on the other. Where the ListView has check boxes, a click on one or
-/// the space bar changes it.
+/// A list view in report form on a ListView. Column 0 is as wide as the control; the others are hidden, for they hold a
+/// row's data, and what is partly in view would be read out as shown. One row at most is selected, and it is the
+/// ListView's selected item: a change on either side shows on the other. Where the ListView has check boxes, a click on
+/// one or the space bar changes it.
 class RowListWidget final : public QTreeView {
   Q_OBJECT
 
@@ -48,7 +48,6 @@ protected:
   void contextMenuEvent(QContextMenuEvent *event) override;
   void resizeEvent(QResizeEvent *event) override;
   bool viewportEvent(QEvent *event) override;
-  void updateGeometries() override;
 
 private:
   void HideDataColumns();

@@ -38,14 +38,19 @@ QSize StatusLabel::sizeHint() const {
   return {fontMetrics().averageCharWidth() * 10, fontMetrics().lineSpacing() * mLines};
 }
 
-void StatusLabel::paintEvent(QPaintEvent *) {
+QStringList StatusLabel::ShownLines() const {
   const QFontMetrics metrics = fontMetrics();
-  // Each broken line may leave up to one character's room unused.
-  const int room = width() * mLines - (mLines - 1) * metrics.maxWidth();
-  const QString shown = metrics.elidedText(text(), Qt::ElideMiddle, room);
+  QStringList lines = BreakIntoLines(text(), font(), width());
+  // How much of a line stays unused depends on where it breaks.
+  for (int room = width() * mLines; lines.size() > mLines && room > 0; room -= metrics.averageCharWidth())
+    lines = BreakIntoLines(metrics.elidedText(text(), Qt::ElideMiddle, room), font(), width());
+  return lines;
+}
+
+void StatusLabel::paintEvent(QPaintEvent *) {
   QPainter painter(this);
   painter.setPen(palette().color(foregroundRole()));
-  painter.drawText(rect(), Qt::AlignLeft | Qt::AlignTop | Qt::TextWrapAnywhere, shown);
+  painter.drawText(rect(), Qt::AlignLeft | Qt::AlignTop, ShownLines().join('\n'));
 }
 
 } // namespace turfdesk

@@ -32,6 +32,8 @@ protected:
   void paintEvent(QPaintEvent *event) override;
 
 private:
+  QStringList ShownLines() const;
+
   std::string mCaption;
   int mLines = 1;
 };

@@ -111,7 +111,7 @@ TEST_F(ConvertFormsTest, OneFormStandsBesideTheMainWindow) {
   EXPECT_FALSE(form.isModal());
   EXPECT_EQ(Drive(form) + "|" + Folder(form), "C:|" + OldCourses);
   EXPECT_EQ(NamesOfControls(form),
-            (QStringList{"Source drive", "Source directory", "Course files", "Convert", "Close"}));
+            (QStringList{"Source drive", "Source directory", "Course files", "Convert--->", "Close"}));
   EXPECT_EQ(Find<QPushButton>(form, "btnConvert").text(), "Convert--->");
   EXPECT_TRUE(Find<QPushButton>(form, "btnClose").isDefault());
   const std::string text = Caption(form, "Label1");

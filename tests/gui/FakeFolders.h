@@ -27,6 +27,12 @@ public:
     return Find(path)->first;
   }
 
+  bool MakeFolder(std::string_view path) override {
+    const std::size_t name = path.rfind('\\') + 1;
+    Find(path.substr(0, name == 3 ? name : name - 1))->second.folders.emplace_back(path.substr(name));
+    return tree.try_emplace(std::string(path)).second;
+  }
+
   struct Content {
     std::vector<std::string> folders;
     std::vector<std::string> files;

@@ -112,6 +112,7 @@ TEST_F(FormsTest, APackageFromTheCommandLineIsInstalledAndItsRowsShow) {
                                                                     {"Trees.hlb", samples::LibraryBytes(trees)}});
   samples::WriteFile(world.Host(R"(C:\Downloads\readme.txt)"), samples::ToBytes("not offered"));
   state.commandFile = R"(C:\Downloads\PACKAGE.HLZ)";
+  AddToCatalogue(60, 1);
 
   int dialogs = 0;
   QStringList files;
@@ -130,6 +131,7 @@ TEST_F(FormsTest, APackageFromTheCommandLineIsInstalledAndItsRowsShow) {
     ASSERT_EQ(fileSource.ListCount(), 1);
     EXPECT_TRUE(fileSource.Selected(0)) << "the names differ only in case";
     Find<DirectoryList>(dialog, "dirDestination").SetPath(R"(C:\Golf)");
+    EXPECT_EQ(Caption(dialog, "lblDestination"), R"(The files will go to C:\Golf)");
     const test::ModalWatch<StatusDialog> statusWatch(
         [](StatusDialog &status) {
           EXPECT_EQ(status.windowTitle(), "Installing");
@@ -146,8 +148,13 @@ TEST_F(FormsTest, APackageFromTheCommandLineIsInstalledAndItsRowsShow) {
   window.show();
   ASSERT_TRUE(QTest::qWaitFor([&] { return dialogs == 1 && QApplication::activeModalWidget() == nullptr; }));
   EXPECT_TRUE(files.contains("Trees.hlb") && files.contains("Harbour.hlc"));
-  EXPECT_EQ(Find<RowListWidget>(window, "lstCourses").model()->index(0, 0).data().toString(), "Harbour");
-  EXPECT_EQ(Find<RowListWidget>(window, "lstLibraries").model()->rowCount(), 2);
+  EXPECT_EQ(Find<RowListWidget>(window, "lstLibraries").model()->rowCount(), 3);
+  EXPECT_EQ(state.activeList, ActiveCourses);
+  EXPECT_EQ(Selected(state.lstCourses) + "|" + Selected(state.lstLibraries), "Harbour|");
+  auto &courses = Find<RowListWidget>(window, "lstCourses");
+  EXPECT_EQ(window.focusWidget(), &courses);
+  EXPECT_EQ(courses.selectionModel()->selectedRows().value(0).data().toString(), "Harbour");
+  EXPECT_TRUE(courses.viewport()->rect().contains(Middle(courses, 60))) << "scrolled to";
   window.hide();
   window.show();
   QTest::qWait(50);
@@ -192,17 +199,17 @@ TEST_F(FormsTest, AGoneDirectoryOpensTheDialogWithNothingSelected) {
   EXPECT_TRUE(world.boxes.shown.empty());
 }
 
-TEST_F(FormsTest, EveryControlHasANameWithoutDecorations) {
+TEST_F(FormsTest, EveryControlIsCalledWhatItShows) {
   frmTurfManager window(state);
   ShowMain(window);
   EXPECT_EQ(NamesOfControls(window).filter("Convert"),
-            (QStringList{"Convert Quillon 2000 Course", "Convert MF 2001 Course"}));
+            (QStringList{"Convert Quillon 2000 Course...", "Convert MF 2001 Course..."}));
   frmCourseInstall dialog(state, &window);
-  EXPECT_EQ(NamesOfControls(dialog), (QStringList{"Source drive", "Source directory", "Files to install", "Install",
-                                                  "Close", "Destination drive", "Destination directory"}));
+  EXPECT_EQ(NamesOfControls(dialog),
+            (QStringList{"Source drive", "Source directory", "Files to install", "Install --->", "Close",
+                         "Destination drive", "Destination directory", "New Folder..."}));
   for (const QString &name : NamesOfControls(window)) {
-    EXPECT_FALSE(name.isEmpty());
-    EXPECT_FALSE(name.contains("...") || name.contains("&") || name.contains("--->")) << name.toStdString();
+    EXPECT_FALSE(name.isEmpty() || name.contains("&")) << name.toStdString();
   }
 }
 

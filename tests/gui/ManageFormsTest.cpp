@@ -55,6 +55,15 @@ TEST_F(ManageFormsTest, WindowsOpenByButtonMenuDoubleClickAndKey) {
   EXPECT_EQ(WhatOpens([this] { Click(window, "btnCourseProperties"); }), course);
   EXPECT_EQ(WhatOpens([this] { ClickMenuEntry("lstCourses", "menuCourseProperties"); }), course);
   EXPECT_EQ(WhatOpens([this] { QTest::keyClick(&List("lstCourses"), Qt::Key_Return); }), course);
+  Find<QPushButton>(window, "btnCourseProperties").setFocus();
+  EXPECT_EQ(WhatOpens([this] { QTest::keyClick(window.focusWidget(), Qt::Key_Enter); }), course);
+  ClickRow("lstCourses", 0, Qt::RightButton);
+  auto &menu = Find<QMenu>(window, "menuCourse");
+  for (const char *entry : {"menuCourseCompress", "menuCourseClearStats", "menuCourseCompress"}) {
+    QTest::keyClick(&menu, Qt::Key_C);
+    EXPECT_EQ(menu.activeAction()->objectName(), entry);
+  }
+  EXPECT_EQ(WhatOpens([&menu] { QTest::keyClick(&menu, Qt::Key_P); }), course);
   EXPECT_EQ(WhatOpens([this] {
               QTest::mouseDClick(List("lstCourses").viewport(), Qt::LeftButton, {}, Middle(List("lstCourses"), 0));
             }),
@@ -158,7 +167,8 @@ TEST_F(ManageFormsTest, ADriveThatIsNotReadyIsToldAndCancelLeavesAllAsItWas) {
     EXPECT_EQ(world.boxes.TakeTexts(), Texts{"Disk not ready"});
     EXPECT_EQ(drive.Drive() + Find<DirectoryList>(dialog, "dirDestination").Path(), R"(A:C:\Golf)");
     EXPECT_TRUE(Find<QPushButton>(dialog, "btnMove").isDefault());
-    EXPECT_EQ(NamesOfControls(dialog), (QStringList{"Destination drive", "Destination directory", "OK", "Cancel"}));
+    EXPECT_EQ(NamesOfControls(dialog),
+              (QStringList{"Destination drive", "Destination directory", "New Folder...", "OK", "Cancel"}));
     QTest::keyClick(&dialog, Qt::Key_C, Qt::AltModifier);
     EXPECT_TRUE(QTest::qWaitFor([&dialog] { return !dialog.isVisible(); }));
   });
@@ -181,8 +191,7 @@ TEST_F(ManageFormsTest, UninstallActsOnTheListInUseAndAsksFirst) {
   EXPECT_EQ(List("lstLibraries").model()->rowCount(), 1);
   EXPECT_FALSE(std::filesystem::exists(world.Host(R"(C:\Golf\Links.hlc)")));
 
-  Click(window, "btnCourseUninstall");
-  EXPECT_EQ(world.boxes.TakeTexts(), Texts{Nothing}) << "the row took the selection along";
+  EXPECT_EQ(Selected(state.lstCourses), "moor") << "the row behind it";
   world.boxes.answers = {true, true};
   ClickMenuEntry("lstLibraries", "menuLibraryUninstall");
   EXPECT_EQ(world.boxes.TakeTexts().size(), 3U) << "the library, its user, the verdict";

@@ -4,13 +4,19 @@
 #include "widgets/DirectoryList.h"
 #include "widgets/DriveList.h"
 #include "widgets/FileList.h"
+#include "widgets/FolderPicker.h"
 #include "widgets/PathBox.h"
 
 #include "gui/FakeFolders.h"
 
+#include <QApplication>
+#include <QContextMenuEvent>
 #include <QHelpEvent>
+#include <QInputDialog>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTimer>
 #include <QToolTip>
 
 #include <gtest/gtest.h>
@@ -107,7 +113,7 @@ TEST(DriveListTest, TellsOfAnotherDriveAndOfTheUsersChoice) {
   EXPECT_EQ(changes.count(), 2);
 }
 
-TEST(PathBoxTest, ShowsTheBeginningAndHasTheWholeInItsToolTip) {
+TEST(PathBoxTest, ShowsTheEndAndHasTheWholeInItsToolTip) {
   PathBox box;
   box.resize(100, box.sizeHint().height());
   box.show();
@@ -118,11 +124,47 @@ TEST(PathBoxTest, ShowsTheBeginningAndHasTheWholeInItsToolTip) {
   };
   box.SetPath("C:\\a");
   EXPECT_EQ(toolTip(), "");
-  const std::string path = "C:\\<i>" + std::string(200, 'x');
-  box.SetPath(path);
-  EXPECT_EQ(box.cursorPosition(), 0);
-  EXPECT_EQ(toolTip(), "<span>C:\\&lt;i&gt;" + std::string(200, 'x') + "</span>");
-  EXPECT_EQ(box.Path(), path);
+  const std::string folder = "C:\\<i>" + std::string(60, 'x');
+  box.SetPath(folder + "\\a.hlc");
+  const QImage before = box.grab().toImage();
+  box.SetPath(folder + "\\b.hlc");
+  EXPECT_NE(box.grab().toImage(), before) << "the file's name is seen";
+  EXPECT_TRUE(toolTip().starts_with("<div style=\"white-space:pre\">C:\\&lt;i&gt;x")) << "one line, no markup";
+  EXPECT_EQ(box.Path(), folder + "\\b.hlc");
+}
+
+TEST(FolderPickerTest, MakesAFolderInTheOpenOneAndOpensIt) {
+  test::FakeFolders folders;
+  DriveList drives;
+  DirectoryList directories;
+  QPushButton button("New Folder...");
+  std::vector<std::string> told;
+  FolderPicker picker(drives, directories, [&told](const std::string &words) { told.push_back(words); });
+  picker.OfferNewFolder(button);
+  picker.SetFolders(folders);
+  picker.SetPath(R"(C:\Games)");
+  directories.show();
+  QStringList typed = {"con", R"(a\b)", "dot.", "", "Marrowfell", " By the sea "};
+  QTimer user;
+  user.callOnTimeout([&typed] {
+    auto *dialog = dynamic_cast<QInputDialog *>(QApplication::activeModalWidget());
+    if (dialog == nullptr)
+      return;
+    dialog->setTextValue(typed.isEmpty() ? "" : typed.takeFirst());
+    typed.isEmpty() && dialog->textValue().isEmpty() ? dialog->reject() : dialog->accept();
+  });
+  user.start(1);
+  button.click();
+  EXPECT_EQ(directories.Path(), R"(C:\Games\By the sea)");
+  EXPECT_EQ(told.size(), 5U);
+  EXPECT_EQ(told.back(), "There is a file or folder of this name already.");
+
+  typed = {"Deeper"};
+  QContextMenuEvent rightClick(QContextMenuEvent::Mouse, {5, 5}, directories.viewport()->mapToGlobal(QPoint(5, 5)));
+  QApplication::sendEvent(directories.viewport(), &rightClick);
+  ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+  QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_N);
+  EXPECT_EQ(directories.Path(), R"(C:\Games\By the sea\Deeper)");
 }
 
 TEST(FileListTest, ShowsSymbolsForWhatCannotBeSeenAndKeepsTheName) {

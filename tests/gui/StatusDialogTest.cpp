@@ -7,6 +7,7 @@
 #include "widgets/ByteProgressBar.h"
 #include "widgets/QtMessageBoxes.h"
 #include "widgets/QtScreen.h"
+#include "widgets/QtText.h"
 
 #include "gui/ModalWatch.h"
 
@@ -130,6 +131,16 @@ TEST_F(StatusDialogTest, LabelsKeepTheWholeOfALongPath) {
   EXPECT_EQ(dialog.width(), width);
 }
 
+TEST(QtTextTest, LinesBreakAtBlanksAndBackslashesBeforeTheyBreakWords) {
+  const QFont font = QApplication::font();
+  const int width = QFontMetrics(font).horizontalAdvance(R"("C:\Golf\Courses\My)");
+  EXPECT_EQ(BreakIntoLines(R"("C:\Golf\Courses\Evergreen" to "D:\Old Courses")", font, width).join('|').toStdString(),
+            R"("C:\Golf\Courses\|Evergreen" to "D:\|Old Courses")");
+  const QString word(60, u'w');
+  EXPECT_EQ(BreakIntoLines("a " + word, font, width).join(""), "a " + word);
+  EXPECT_EQ(BreakIntoLines("a " + word, font, width).front(), "a ");
+}
+
 TEST_F(StatusDialogTest, ProgressCountsBytesBeyondTwoGigabytes) {
   const auto &bar = *dialog.findChild<ByteProgressBar *>("progressBar");
   Progress &progress = dialog.WorkProgress();
@@ -246,7 +257,10 @@ TEST_F(MessageBoxesTest, ATextOfManyLinesLeavesTheButtonsInReach) {
     text += "Library " + std::to_string(i) + "\r\n";
   Show({text, "t", BoxButtons::Ok, BoxIcon::Stop}, [](QMessageBox &box) {
     EXPECT_LT(box.height(), box.screen()->availableSize().height());
-    EXPECT_NE(box.findChild<QPlainTextEdit *>(), nullptr);
+    const auto *view = box.findChild<QPlainTextEdit *>();
+    ASSERT_NE(view, nullptr);
+    EXPECT_EQ(view->accessibleName(), box.text());
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&box)->text(QAccessible::Description), box.text());
     EXPECT_TRUE(box.text().endsWith("Library 1999\n"));
     box.close();
   });

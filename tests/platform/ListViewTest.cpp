@@ -143,16 +143,21 @@ TEST(ListViewTest, AnUpdateTellsOnceAndSortsAtItsEnd) {
   EXPECT_EQ(NumberOf([&] { list.At(0).SetSubItems(0, "x"); }), ErrorNumber::SubscriptOutOfRange);
 }
 
-TEST(ListViewTest, RemovingTheSelectedItemSelectsNothing) {
+TEST(ListViewTest, RemovingTheSelectedItemSelectsItsNeighbour) {
   ListView list;
   Mirror mirror(list);
-  Row &row = list.Add("1", "a");
-  list.Select(&row);
-  list.Select(&row);
+  for (const char *key : {"a", "b", "c"})
+    list.Add(key, key);
+  list.Select(list.FindKey("b"));
+  list.Select(list.FindKey("b"));
   EXPECT_EQ(mirror.selections, 1);
-  list.Remove(row);
-  EXPECT_EQ(list.SelectedItem(), nullptr);
+  list.RemoveByKey("b");
+  EXPECT_EQ(list.SelectedItem()->Key(), "c");
   EXPECT_EQ(mirror.selections, 2);
+  list.RemoveByKey("c");
+  EXPECT_EQ(list.SelectedItem()->Key(), "a") << "the last one has none behind it";
+  list.RemoveByKey("a");
+  EXPECT_EQ(list.SelectedItem(), nullptr);
   list.Select(&list.Add("1", "b"));
   list.Clear();
   EXPECT_EQ(list.SelectedItem(), nullptr);

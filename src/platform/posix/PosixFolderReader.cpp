@@ -90,6 +90,19 @@ std::string PosixFolderReader::CanonicalFolder(std::string_view folder) {
   return canonical;
 }
 
+bool PosixFolderReader::MakeFolder(std::string_view path) {
+  PathMap::Place place;
+  int error = mPaths.FindPlace(path, false, place);
+  if (error == 0 && mkdir((place.folder + "/" + place.name).c_str(), 0777) != 0)
+    error = errno;
+  // A drive's root has no place, and is there.
+  if (error == EEXIST || error == EISDIR)
+    return false;
+  if (error != 0)
+    ThrowFolderError(error);
+  return true;
+}
+
 int PosixFolderReader::FindFolder(std::string_view folder, std::string &canonical) const {
   if (const int error = mPaths.Canonical(folder, canonical); error != 0)
     return error;

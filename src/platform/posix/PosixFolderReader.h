@@ -22,6 +22,7 @@ public:
   /// The current folder, or where no drive leads to it or it may not be read, the root of the first drive that may.
   std::string StartFolder() override;
   std::string CanonicalFolder(std::string_view folder) override;
+  bool MakeFolder(std::string_view path) override;
 
 private:
   /// Gives 0 and the folder's canonical path, or the system's number of what keeps it from being read.

@@ -121,4 +121,17 @@ std::string WindowsFolderReader::CanonicalFolder(std::string_view folder) {
   return canonical;
 }
 
+bool WindowsFolderReader::MakeFolder(std::string_view path) {
+  std::wstring systemPath;
+  std::uint32_t error = ToSystemPath(path, systemPath);
+  if (error == 0 && CreateDirectoryW(systemPath.c_str(), nullptr) == 0)
+    error = WhatIsMissing(GetLastError(), systemPath);
+  // The root of a drive is there, though the system may refuse to make it for another reason.
+  if (error == ERROR_ALREADY_EXISTS || (error != 0 && IsRoot(systemPath) && CheckReadable(systemPath) == 0))
+    return false;
+  if (error != 0)
+    ThrowFolderError(error);
+  return true;
+}
+
 } // namespace turfdesk

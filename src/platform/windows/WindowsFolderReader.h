@@ -20,6 +20,7 @@ public:
   /// The current folder, or where it may not be read, the root of the first drive that may.
   std::string StartFolder() override;
   std::string CanonicalFolder(std::string_view folder) override;
+  bool MakeFolder(std::string_view path) override;
 };
 
 } // namespace turfdesk

@@ -67,6 +67,14 @@ TEST_F(FolderReaderTest, FoldersHaveOneCanonicalPath) {
     EXPECT_EQ(mReader.CanonicalFolder(root), "C:\\") << root;
 }
 
+TEST_F(FolderReaderTest, MakesAFolderUnlessItsNameIsTakenOrNone) {
+  Put(R"(C:\Games\file)");
+  EXPECT_TRUE(mReader.MakeFolder("C:\\Games\\B\u00E4ume"));
+  EXPECT_EQ(mReader.Subfolders(R"(C:\Games)"), Texts{"B\u00E4ume"});
+  for (const char *taken : {"C:\\games\\B\u00C4UME", R"(C:\Games\FILE)", "C:\\"})
+    EXPECT_FALSE(mReader.MakeFolder(taken)) << taken;
+}
+
 TEST_F(FolderReaderTest, ListsStartWhereTheProgramWasStarted) {
   Put(R"(C:\Games\x)");
   std::filesystem::current_path(Host(R"(C:\Games)"));

@@ -91,6 +91,8 @@ TEST_F(UnreachablePathsTest, Folders) {
   Expect(cases, [&reader](const std::string &path) { reader.Subfolders(path); });
   Expect(cases, [&reader](const std::string &path) { reader.Files(path, "*"); });
   Expect(cases, [&reader](const std::string &path) { reader.CanonicalFolder(path); });
+  Expect({{52, {"C:\\a*b"}}, {68, {R"(Q:\x)"}}, {71, {R"(A:\x)"}}, {76, {R"(C:\none\x)", "", "x"}}},
+         [&reader](const std::string &path) { reader.MakeFolder(path); });
   cases = drives;
   cases[76] = {R"(C:\none)", "", "x"};
   Expect(cases, [this](const std::string &path) { mPlatform->NewFiles().FreeBytes(path); });
