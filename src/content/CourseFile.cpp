@@ -37,7 +37,7 @@ bool CourseFile::ReadFile() {
     ReadFields(*file);
     return true;
   } catch (const std::exception &error) {
-    mLastError = error.what();
+    mLastError = DescriptionOf(error);
     return false;
   }
 }

@@ -72,6 +72,9 @@ std::string HomeFolder(std::string_view chosen) {
 }
 
 void MakeHome(const std::string &home) {
+  const std::string unusable = "The folder for the program's own files cannot be used.\r\n\r\n";
+  if (home.empty())
+    throw RuntimeError(ErrorNumber::PathNotFound, unusable + "Its path is relative, and the current folder is gone.");
   const std::string drives = home + "/drives";
   int error = MakeFolders(home, PrivateMode);
   struct stat status;
@@ -80,8 +83,7 @@ void MakeHome(const std::string &home) {
   if (error == 0)
     return;
   const ErrorNumber number = NumberOfFolderError(error);
-  throw RuntimeError(number, "The folder for the program's own files cannot be used.\r\n\r\n" + home + "\r\n\r\n" +
-                                 ErrorText(number));
+  throw RuntimeError(number, unusable + home + "\r\n\r\n" + ErrorText(number));
 }
 
 } // namespace turfdesk

@@ -4,6 +4,7 @@
 #include "platform/zip/ArchiveWriter.h"
 
 #include "platform/CaseFold.h"
+#include "platform/PathText.h"
 #include "platform/zip/BlockDeflater.h"
 #include "platform/zip/CallbackSource.h"
 #include "platform/zip/EntrySelection.h"
@@ -184,7 +185,7 @@ std::vector<SourceFile> NameSources(StagedFiles &stagedFiles, const ZipLayer &la
   std::set<std::string> names;
   for (std::string &path : SplitList(layer.FilesToProcess)) {
     SourceFile source;
-    source.name = BareFileName(path);
+    source.name = FilePartOf(path);
     source.deflated = !IsCompressedAlready(source.name);
     source.path = std::move(path);
     if (stagedFiles.IsSameFile(source.path, layer.ZipFilename))
