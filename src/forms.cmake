@@ -40,6 +40,7 @@ file(GLOB pictures CONFIGURE_DEPENDS ${assets}/background*.png ${assets}/icons/*
 qt_add_resources(td_forms pictures PREFIX "/" BASE ${assets} FILES ${pictures})
 
 turfdesk_program(turfdesk SOURCES ${shell}/turfdesk.cpp USES td_forms td_system)
+target_compile_definitions(turfdesk PRIVATE TURFDESK_VERSION="${PROJECT_VERSION}")
 # The settings of the game are the machine's, which only a raised program may change.
 turfdesk_windows_program(turfdesk TurfDesk "Turf Desk" highestAvailable)
 set_target_properties(turfdesk PROPERTIES WIN32_EXECUTABLE ON)

@@ -43,8 +43,8 @@ bool GroupByFolder(SharedState &state, const InstallOptions &options, const std:
     if (path.empty() || !CanBeOffered(state, path))
       return false;
     const std::string folder = GetPathPart(state, path);
-    auto request = std::find_if(requests.begin(), requests.end(), [&folder](const InstallRequest &candidate) {
-      return EqualsIgnoringCase(candidate.sourceDir, folder);
+    auto request = std::find_if(requests.begin(), requests.end(), [&](const InstallRequest &candidate) {
+      return IsSameFolder(state, candidate.sourceDir, folder);
     });
     if (request == requests.end())
       request = requests.insert(request, {folder, destination.empty() ? folder : destination, {}});

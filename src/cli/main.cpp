@@ -5,13 +5,17 @@
 #include "cli/Commands.h"
 #include "platform/CommandLine.h"
 #include "platform/Ending.h"
+#include "platform/PathText.h"
+#include "platform/RuntimeError.h"
 #include "platform/ShownText.h"
 #include "platform/Terminal.h"
+#include "platform/WindowsNames.h"
 #include "support/basVorinString.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <filesystem>
 #include <functional>
 #include <iostream>
 #include <optional>
@@ -38,6 +42,17 @@ struct GlobalOptions {
   }
 };
 
+/// Refuses an argument from which no path can be made, before anything is done. The words are for the user, "" is none.
+std::string PathFault(const std::string &path) {
+  if (path.empty())
+    return "The path is empty.";
+  const bool isFull = IsFullWindowsPath(path) || IsSeparator(path[0]) || PathOfFileAddress(path);
+  std::error_code error;
+  if (!isFull && std::filesystem::current_path(error).empty())
+    return "The path is relative, and the current folder is gone.";
+  return "";
+}
+
 using Command = std::function<ExitStatus(CommandContext &)>;
 
 /// Everything that the command line can say. Options are bound to members, so the object stays while parsing runs.
@@ -48,7 +63,7 @@ public:
     mApp.fallthrough();
     // Elsewhere whoever named one would change the settings of the system instead.
     if (HasHomeFolder())
-      mApp.add_option("--home", options.home, "Folder that holds settings and drives");
+      mApp.add_option("--home", options.home, "Folder that holds settings and drives")->check(mPathCheck);
     mApp.add_flag("--json", options.json, "Answer with one JSON object");
     auto *answers = mApp.add_option_group("answers", "Who answers the questions");
     answers->add_flag("--yes", options.yes, "Answer every question with Yes");
@@ -82,12 +97,14 @@ private:
 
   void AddWorkCommands() {
     auto *install = mApp.add_subcommand("install", "Install courses, libraries and packages");
-    install->add_option("files", mInstall.files, "Host or Windows paths")->required();
-    install->add_option("--to", mInstall.destination, "Folder to install to; without it each file's own folder");
+    install->add_option("files", mInstall.files, "Host or Windows paths")->required()->check(mPathCheck);
+    install->add_option("--to", mInstall.destination, "Folder to install to; without it each file's own folder")
+        ->check(mPathCheck);
     Bind(install, [this](CommandContext &context) { return InstallFiles(context, mInstall); });
     auto *compress = mApp.add_subcommand("compress", "Write a course with its media and libraries into a package");
     compress->add_option("course", mCompress.course, "Key or name")->required();
-    compress->add_option("--output", mCompress.output, "The package; without it beside the course file");
+    compress->add_option("--output", mCompress.output, "The package; without it beside the course file")
+        ->check(mPathCheck);
     compress->add_option("--without", mCompress.without, "Key or name of a library to leave out")
         ->allow_extra_args(false);
     Bind(compress, [this](CommandContext &context) { return CompressCourse(context, mCompress); });
@@ -99,13 +116,13 @@ private:
     Bind(uninstall, [this](CommandContext &context) { return UninstallContent(context, mRow); });
     auto *move = mApp.add_subcommand("move", "Move the files of a course or library to another folder");
     AddRow(move);
-    move->add_option("--to", mDestination, "The folder")->required();
+    move->add_option("--to", mDestination, "The folder")->required()->check(mPathCheck);
     Bind(move, [this](CommandContext &context) { return MoveContent(context, mRow, mDestination); });
     auto *setMedia = mApp.add_subcommand("set-media", "Point a course at other media; \"\" at none");
     setMedia->add_option("course", mName, "Key or name")->required();
-    setMedia->add_option("--picture", mMedia[0], "Its picture");
-    setMedia->add_option("--music", mMedia[1], "Its music");
-    setMedia->add_option("--text", mMedia[2], "Its text");
+    setMedia->add_option("--picture", mMedia[0], "Its picture")->check(mMediaCheck);
+    setMedia->add_option("--music", mMedia[1], "Its music")->check(mMediaCheck);
+    setMedia->add_option("--text", mMedia[2], "Its text")->check(mMediaCheck);
     Bind(setMedia, [this](CommandContext &context) { return SetMedia(context, mName, mMedia); });
     auto *clear = mApp.add_subcommand("clear-statistics", "Delete the game's statistics of a course");
     clear->add_option("course", mName, "Key or name")->required();
@@ -114,7 +131,7 @@ private:
 
   void AddConvertCommands() {
     auto *convert = mApp.add_subcommand("convert", "Convert and install a course of MF2001");
-    convert->add_option("directory", mDirectory, "The folder that it lies in")->required();
+    convert->add_option("directory", mDirectory, "The folder that it lies in")->required()->check(mPathCheck);
     Bind(convert, [this](CommandContext &context) { return ConvertCourse(context, mDirectory); });
     Bind(mApp.add_subcommand("convert-quillon", "Start the converter for courses of Quillon 2000"),
          [](CommandContext &context) { return ConvertQuillonCourse(context); });
@@ -155,11 +172,13 @@ private:
 
   void AddExchangeCommands(CLI::App *tree) {
     auto *exportTree = tree->add_subcommand("export", "Write the game's settings as a registry editor's file");
-    exportTree->add_option("file", mExportFile,
-                           "Host or Windows path; without it the bytes of the file go to standard output");
+    exportTree
+        ->add_option("file", mExportFile,
+                     "Host or Windows path; without it the bytes of the file go to standard output")
+        ->check(mPathCheck);
     Bind(exportTree, [this](CommandContext &context) { return ExportTree(context, mExportFile); });
     auto *importTree = tree->add_subcommand("import", "Take the game's settings over from a registry editor's file");
-    importTree->add_option("file", mImportFile, "Host or Windows path")->required();
+    importTree->add_option("file", mImportFile, "Host or Windows path")->required()->check(mPathCheck);
     Bind(importTree, [this](CommandContext &context) { return ImportTree(context, mImportFile); });
   }
 
@@ -172,6 +191,8 @@ private:
     app->callback([this, bound = std::move(bound)] { command = bound; });
   }
 
+  const CLI::Validator mPathCheck{&PathFault, ""};
+  const CLI::Validator mMediaCheck{[](const std::string &path) { return path.empty() ? "" : PathFault(path); }, ""};
   CLI::App mApp{"Looks after the add-on courses and libraries of Marrowfell 2002", "turfctl"};
   bool mOnlyCourses = false;
   bool mOnlyLibraries = false;
@@ -217,12 +238,12 @@ ExitStatus Run(const GlobalOptions &options, const Command &command) {
   try {
     platform = MakePlatform(options.home);
   } catch (const std::exception &error) {
-    return Fail(options.json, error.what(), ExitStatus::NoServices);
+    return Fail(options.json, DescriptionOf(error), ExitStatus::NoServices);
   }
   try {
     return RunCommand(*platform, options, command);
   } catch (const std::exception &error) {
-    return Fail(options.json, error.what(), ExitStatus::Failed);
+    return Fail(options.json, DescriptionOf(error), ExitStatus::Failed);
   }
 }
 

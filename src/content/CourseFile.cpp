@@ -48,9 +48,9 @@ bool CourseFile::ReadFile() {
   } catch (const RuntimeError &error) {
     mIsOutOfReach = !IsFaultOfFile(error.Number());
     mLastError = error.Description();
-  } catch (const std::exception &) {
+  } catch (const std::exception &error) {
     mIsOutOfReach = true;
-    mLastError = ErrorText(ErrorNumber::OutOfMemory);
+    mLastError = DescriptionOf(error);
   }
   return false;
 }

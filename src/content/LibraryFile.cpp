@@ -5,6 +5,7 @@
 
 #include "content/FieldReader.h"
 #include "content/FileHeader.h"
+#include "platform/RuntimeError.h"
 
 #include <exception>
 
@@ -22,7 +23,7 @@ bool LibraryFile::ReadFile() {
     mName = fields.ReadString(header::NameLength);
     return true;
   } catch (const std::exception &error) {
-    mLastError = error.what();
+    mLastError = DescriptionOf(error);
     return false;
   }
 }

@@ -19,7 +19,7 @@ namespace {
 bool InstallOne(SharedState &state, const InstallRequest &request, const std::string &name, StatusWindow &window) {
   const std::string path = AddBackslash(request.sourceDir) + name;
   const std::string extension = FoldCase(GetExtension(state, path));
-  const bool samePlace = EqualsIgnoringCase(request.sourceDir, request.destinationDir);
+  const bool samePlace = IsSameFolder(state, request.sourceDir, request.destinationDir);
   const std::string contentDir = samePlace ? std::string() : request.destinationDir;
   BeginPart(state, path);
   Row *row = nullptr;

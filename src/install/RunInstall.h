@@ -24,9 +24,9 @@ struct InstallRequest {
 };
 
 /// The run of an install: takes the files one by one and stops at the first that fails. Courses and libraries are
-/// installed in place when both directories are the same, whatever their case; packages always go to the destination.
-/// What stands in the way is told through the prompts, the verdict stands in the window's route label and is the
-/// result. No run-time error comes out; one from a file's own routine counts as that file's failure.
+/// installed in place when both directories are the same, whatever they are called; packages always go to the
+/// destination. What stands in the way is told through the prompts, the verdict stands in the window's route label and
+/// is the result. No run-time error comes out; one from a file's own routine counts as that file's failure.
 bool RunInstall(SharedState &state, const InstallRequest &request, StatusWindow &window);
 
 } // namespace turfdesk

@@ -11,6 +11,9 @@
 #include "ui_frmCourseInstall.h"
 #include "widgets/FolderPicker.h"
 
+#include <utility>
+#include <vector>
+
 namespace turfdesk {
 
 frmCourseInstall::frmCourseInstall(SharedState &state, QWidget *parent)
@@ -30,16 +33,20 @@ frmCourseInstall::frmCourseInstall(SharedState &state, QWidget *parent)
 frmCourseInstall::~frmCourseInstall() = default;
 
 void frmCourseInstall::Form_Load() {
-  std::string preselected;
+  std::vector<std::string> preselected;
   if (!mState.commandFile.empty()) {
     mState.defaultDir = GetPathPart(mState, mState.commandFile);
-    preselected = GetFilePart(mState, mState.commandFile);
-    mState.commandFile.clear();
+    preselected = std::move(mState.furtherCommandFiles);
+    preselected.insert(preselected.begin(), std::exchange(mState.commandFile, ""));
+    mState.furtherCommandFiles.clear();
   }
   Guarded(mState, "", [&] {
     // Where the folder is gone, a file of the same name elsewhere is not the one that was meant.
-    if (OpenStartFolders() && !preselected.empty())
-      Preselect(preselected);
+    if (!OpenStartFolders())
+      return;
+    for (const std::string &file : preselected)
+      if (IsSameFolder(mState, GetPathPart(mState, file), mState.defaultDir))
+        Preselect(GetFilePart(mState, file));
   });
 }
 

@@ -21,7 +21,8 @@ class frmCourseInstall final : public QDialog {
   Q_OBJECT
 
 public:
-  /// Takes up state.commandFile: opens on its directory, makes that the one to start in from now on, and selects it.
+  /// Takes up state.commandFile and the further ones: opens on its directory, makes that the one to start in from now
+  /// on, and selects those of the files that lie there.
   frmCourseInstall(SharedState &state, QWidget *parent);
   ~frmCourseInstall() override;
 

@@ -8,6 +8,7 @@
 #include "catalogue/Dependencies.h"
 #include "manage/OrTellWhy.h"
 #include "platform/CaseFold.h"
+#include "platform/RuntimeError.h"
 #include "platform/ShownText.h"
 #include "support/ErrorHandling.h"
 #include "support/Prompts.h"
@@ -97,7 +98,7 @@ private:
       if (SetRegistryValue(mState, LocalMachine, mEntryKey, field.valueName, newPath))
         return true;
     } catch (const std::exception &error) {
-      ShowError(mState, error.what());
+      ShowError(mState, DescriptionOf(error));
     }
     PutBack(newPath, folder, name);
     return false;

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "platform/RuntimeError.h"
 #include "support/Prompts.h"
 #include "support/SharedState.h"
 #include "support/basVorinRegistry.h"
@@ -19,7 +20,7 @@ template <typename Request> bool OrTellWhy(SharedState &state, const Request &re
       return true;
     ShowError(state, GetRegistryError(state));
   } catch (const std::exception &error) {
-    ShowError(state, error.what());
+    ShowError(state, DescriptionOf(error));
   }
   return false;
 }

@@ -67,11 +67,11 @@ void frmCourseProperties::Form_Activate() {
 void frmCourseProperties::btnMedia_Click(const CourseMedia &kind, const Media &media) {
   // The one error there can be, besides Cancel, which is none here: a file that no path in the catalogue can name.
   Guarded(mState, "", [this, &kind, &media] {
-    const std::string path = media.txtMedia->Path();
-    const std::optional<std::string> chosen =
-        ShowOpenDialog(*this, mState.platform,
-                       {LoadResString(kind.dialogTitle), GetPathPart(mState, path), GetFilePart(mState, path),
-                        kind.defaultExtension, LoadResString(kind.description) + kind.filter});
+    const std::string path = TypedPath(mState, media.txtMedia->Path());
+    const std::optional<std::string> chosen = ShowOpenDialog(
+        *this, mState.platform,
+        {LoadResString(kind.dialogTitle), GetPathPart(mState, path), GetFilePart(mState, path), kind.defaultExtension,
+         LoadResString(kind.description) + kind.filter, GetPathPart(mState, mUi->txtFilename->Path())});
     if (!chosen)
       return;
     mDirty = true;
@@ -97,7 +97,8 @@ void frmCourseProperties::Save() {
     return;
   mDirty = false;
   std::array<std::string, CourseMediaKinds.size()> paths;
-  std::ranges::transform(mMedia, paths.begin(), [](const Media &media) { return media.txtMedia->Path(); });
+  std::ranges::transform(mMedia, paths.begin(),
+                         [this](const Media &media) { return TypedPath(mState, media.txtMedia->Path()); });
   Guarded(mState, "frmCourseProperties.Save(): ", [&] { SaveCourseMedia(mState, Item(), paths); });
 }
 

@@ -55,7 +55,8 @@ void frmCourseCompress::Fill(const CompressRequest &proposed) {
 }
 
 CompressRequest frmCourseCompress::Request() const {
-  CompressRequest request{mUi->txtFilename->Path(), mUi->txtCourse->Path(), {}, LibrariesOf(mLibraries)};
+  CompressRequest request{
+      TypedPath(mState, mUi->txtFilename->Path()), mUi->txtCourse->Path(), {}, LibrariesOf(mLibraries)};
   const auto boxes = MediaBoxes(*mUi);
   for (std::size_t i = 0; i < boxes.size(); ++i)
     request.media[i] = boxes[i]->Path();
@@ -67,12 +68,12 @@ void frmCourseCompress::closeEvent(QCloseEvent *event) { event->ignore(); }
 void frmCourseCompress::btnFilename_Click() {
   // The one error there can be, besides Cancel, which is none here: a file that no Windows path can name.
   Guarded(mState, "", [this] {
-    const std::string path = mUi->txtFilename->Path();
-    const auto chosen = ShowOpenDialog(*this, mState.platform,
-                                       {LoadResString(StringId::SelectCoursePackage), GetPathPart(mState, path),
-                                        GetFilePart(mState, path), ".hlz",
-                                        LoadResString(StringId::CoursePackage) + " (*.hlz)|*.hlz|" +
-                                            LoadResString(StringId::AllFiles) + " (*.*)|*.*"});
+    const std::string path = TypedPath(mState, mUi->txtFilename->Path());
+    const auto chosen = ShowOpenDialog(
+        *this, mState.platform,
+        {LoadResString(StringId::SelectCoursePackage), GetPathPart(mState, path), GetFilePart(mState, path), ".hlz",
+         LoadResString(StringId::CoursePackage) + " (*.hlz)|*.hlz|" + LoadResString(StringId::AllFiles) + " (*.*)|*.*",
+         GetPathPart(mState, mUi->txtCourse->Path())});
     if (chosen)
       mUi->txtFilename->SetPath(*chosen);
   });

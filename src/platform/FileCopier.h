@@ -21,11 +21,11 @@ public:
   /// repaint in it.
   using Report = std::function<void(std::uint64_t doneBytes, std::uint64_t totalBytes)>;
 
-  /// Copies a file with its content and modification time, replacing an existing destination. Paths are full Windows
-  /// paths. The data goes to a temporary name in the destination's folder, is flushed to disk and renamed into place,
-  /// so that the destination's name never bears half a file; on failure the old destination stays (or is the whole new
-  /// file, where only the last flush failed) and nothing else is left. A destination that exists under a name of other
-  /// case keeps its name.
+  /// Copies a file with its content and modification time, replacing an existing destination, of a link the link
+  /// itself. Paths are full Windows paths. The data goes to a temporary name in the destination's folder, is flushed to
+  /// disk and renamed into place, so that the destination's name never bears half a file; on failure the old
+  /// destination stays (or is the whole new file, where only the last flush failed) and nothing else is left. A
+  /// destination that exists under a name of other case keeps its name.
   ///
   /// Throws RuntimeError: 53 source missing, 76 destination folder missing, 70 source and destination are one file
   /// (however named), another program writes to the source or keeps the destination from being replaced, 75 destination

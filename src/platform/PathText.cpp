@@ -3,12 +3,60 @@
 
 #include "platform/PathText.h"
 
+#include "platform/CaseFold.h"
+#include "platform/NextName.h"
 #include "platform/WindowsNames.h"
 
 #include <algorithm>
 #include <cctype>
+#include <charconv>
 
 namespace turfdesk {
+
+namespace {
+
+/// Programs that know of long paths may hand over one with the beginning that the system wants for these.
+std::string WithoutSystemBeginning(std::string_view path) {
+  constexpr std::string_view beginning = R"(\\?\)";
+  constexpr std::string_view networkBeginning = R"(\\?\UNC\)";
+  if (path.starts_with(networkBeginning))
+    return R"(\\)" + std::string(path.substr(networkBeginning.size()));
+  const bool isFull = path.starts_with(beginning) && IsFullWindowsPath(path.substr(beginning.size()));
+  return std::string(isFull ? path.substr(beginning.size()) : path);
+}
+
+/// Takes the root off a full path: a drive, or the names of a computer and its share.
+std::string TakeRoot(std::string_view &path) {
+  std::string root;
+  if (IsFullWindowsPath(path)) {
+    root = {static_cast<char>(path[0] & ~0x20), ':'};
+    path.remove_prefix(2);
+    return root;
+  }
+  root = "\\";
+  path.remove_prefix(2);
+  for (int part = 0; part < 2; ++part)
+    if (const std::string_view name = NextName(path, IsSeparator); !name.empty())
+      root.append("\\").append(name);
+  return root;
+}
+
+/// What is no code of a byte stands for itself.
+std::string PercentDecoded(std::string_view text) {
+  std::string decoded;
+  while (!text.empty()) {
+    constexpr std::size_t length = 3;
+    unsigned char byte = 0;
+    const char *digits = text.data() + 1;
+    const bool isCode =
+        text.size() >= length && text[0] == '%' && std::from_chars(digits, digits + 2, byte, 16).ptr == digits + 2;
+    decoded += isCode ? static_cast<char>(byte) : text[0];
+    text.remove_prefix(isCode ? length : 1);
+  }
+  return decoded;
+}
+
+} // namespace
 
 std::string_view DirPrefixOf(std::string_view path) {
   const std::size_t end = path.find_last_of(R"(\/:)");
@@ -34,6 +82,45 @@ std::string_view ExtensionOf(std::string_view path) {
   const std::string_view name = FilePartOf(path);
   const std::size_t dot = name.rfind('.');
   return dot == std::string_view::npos || dot + 1 == name.size() ? "" : name.substr(dot);
+}
+
+std::string CleanPath(std::string_view path) {
+  const std::string plain = WithoutSystemBeginning(path);
+  if (!IsFullWindowsPath(plain) && !IsNetworkPath(plain))
+    return plain;
+  std::string_view names = plain;
+  std::string clean = TakeRoot(names);
+  const std::size_t root = clean.size();
+  while (!names.empty()) {
+    const std::string_view name = NextName(names, IsSeparator);
+    if (name.empty() || name == ".")
+      continue;
+    if (name != "..")
+      clean.append("\\").append(name);
+    else if (clean.size() > root)
+      clean.resize(clean.rfind('\\'));
+  }
+  // "C:" means something else than "C:\".
+  return clean.size() == 2 ? clean + "\\" : clean;
+}
+
+std::optional<std::string> PathOfFileAddress(std::string_view text) {
+  constexpr std::string_view protocol = "file:";
+  if (!EqualsIgnoringCase(text.substr(0, protocol.size()), protocol))
+    return std::nullopt;
+  text.remove_prefix(protocol.size());
+  std::string_view computer;
+  if (text.starts_with("//")) {
+    text.remove_prefix(2);
+    computer = text.substr(0, text.find('/'));
+    text.remove_prefix(computer.size());
+  }
+  if (!text.starts_with('/'))
+    return std::nullopt;
+  std::string path = PercentDecoded(text);
+  if (!computer.empty() && !EqualsIgnoringCase(computer, "localhost"))
+    return R"(\\)" + PercentDecoded(computer) + path;
+  return IsFullWindowsPath(std::string_view(path).substr(1)) ? path.substr(1) : path;
 }
 
 bool IsAddress(std::string_view text) {

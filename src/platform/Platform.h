@@ -56,7 +56,9 @@ public:
   /// The folder that the program file lies in, as a Windows path.
   virtual std::string ProgramFolder() = 0;
   /// The Windows form of a path that a user or the shell gave: a host path (relative ones start from the current
-  /// folder) or already a Windows path, which stays as it is. "" when no Windows path can express it.
+  /// folder), a file's address, or already a Windows path. It is clean, see CleanPath. In a host path ".." is the
+  /// folder above the one that a link leads to. "" for "", when no Windows path can express it, and for a relative path
+  /// when the current folder is gone.
   virtual std::string ToWindowsPath(std::string_view path) = 0;
   /// The host's form of a Windows path, for libraries that open files themselves (such as the pictures of a window)
   /// and for people. The result need not exist.

@@ -3,6 +3,8 @@
 
 #include "platform/RuntimeError.h"
 
+#include <new>
+
 namespace turfdesk {
 
 const char *ErrorText(ErrorNumber number) {
@@ -15,6 +17,8 @@ const char *ErrorText(ErrorNumber number) {
     return "Subscript out of range";
   case ErrorNumber::TypeMismatch:
     return "Type mismatch";
+  case ErrorNumber::Internal:
+    return "Internal error";
   case ErrorNumber::BadFileName:
     return "Bad file name or number";
   case ErrorNumber::FileNotFound:
@@ -49,5 +53,12 @@ RuntimeError::RuntimeError(ErrorNumber number) : RuntimeError(number, ErrorText(
 
 RuntimeError::RuntimeError(ErrorNumber number, const std::string &description)
     : std::runtime_error(description), mNumber(number) {}
+
+std::string DescriptionOf(const std::exception &error) {
+  if (dynamic_cast<const RuntimeError *>(&error) != nullptr)
+    return error.what();
+  const bool isMemory = dynamic_cast<const std::bad_alloc *>(&error) != nullptr;
+  return ErrorText(isMemory ? ErrorNumber::OutOfMemory : ErrorNumber::Internal);
+}
 
 } // namespace turfdesk

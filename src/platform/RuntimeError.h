@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <exception>
 #include <stdexcept>
 #include <string>
 
@@ -14,6 +15,7 @@ enum class ErrorNumber {
   OutOfMemory = 7,
   SubscriptOutOfRange = 9,
   TypeMismatch = 13,
+  Internal = 51,
   BadFileName = 52,
   FileNotFound = 53,
   DeviceIo = 57,
@@ -47,5 +49,9 @@ public:
 private:
   ErrorNumber mNumber;
 };
+
+/// What a user is told of any exception: a RuntimeError's own description, and fixed words for what comes from the
+/// standard library, whose words are for programmers.
+std::string DescriptionOf(const std::exception &error);
 
 } // namespace turfdesk

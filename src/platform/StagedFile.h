@@ -25,11 +25,11 @@ public:
   virtual std::uint64_t Tell() = 0;
   /// The modification time that the file will bear, in seconds since 1970. Without a call it is that of the last write.
   virtual void SetModificationTime(std::int64_t seconds) = 0;
-  /// Flushes the data to disk where flush is set, and gives the file its name, replacing what stood there. Also throws
-  /// 75 when a read-only file or a folder stands there, 70 when another program has that file open and does not let it
-  /// be replaced, and what Create throws for a folder that has gone. Nothing can be written afterwards. After a failure
-  /// the name bears what it bore before, or, where only the very last flush failed, the whole new file in place of an
-  /// old one.
+  /// Flushes the data to disk where flush is set, and gives the file its name, replacing what stood there: of a link
+  /// the link itself, never what it leads to. Also throws 75 when a read-only file or a folder stands there, 70 when
+  /// another program has that file open and does not let it be replaced, and what Create throws for a folder that has
+  /// gone. Nothing can be written afterwards. After a failure the name bears what it bore before, or, where only the
+  /// very last flush failed, the whole new file in place of an old one.
   virtual void Commit(bool flush) = 0;
 };
 
@@ -46,7 +46,8 @@ public:
   /// not ready, 52 a name that no file can have, 61 disk full, 70 another program has the destination open and does not
   /// let it be replaced.
   virtual std::unique_ptr<StagedFile> Create(std::string_view destination, bool makeFolders) = 0;
-  /// Are both paths one file, however they are named (case, link, drive alias)? False where either is missing.
+  /// Are both paths one file, or one folder, however they are named (case, link, drive alias)? False where either is
+  /// missing.
   virtual bool IsSameFile(std::string_view first, std::string_view second) = 0;
   /// Bytes that can still be written to the disk that a folder lies on. Throws 76, 68 or 71 as Create does.
   virtual std::uint64_t FreeBytes(std::string_view folder) = 0;

@@ -69,6 +69,10 @@ bool IsFullWindowsPath(std::string_view path) {
   return letter >= 'a' && letter <= 'z' && (path.size() == 2 || IsSeparator(path[2]));
 }
 
+bool IsNetworkPath(std::string_view path) {
+  return path.size() > 2 && IsSeparator(path[0]) && IsSeparator(path[1]) && !IsSeparator(path[2]);
+}
+
 bool IsWindowsName(std::string_view name) { return name.size() <= LongestName && IsWindowsNameOfAnyLength(name); }
 
 bool IsWindowsNameOfAnyLength(std::string_view name) {

@@ -16,6 +16,9 @@ constexpr bool IsSeparator(char c) { return c == '\\' || c == '/'; }
 /// Does the path begin with a drive and end there or go on at its root ("C:", "C:\Games", "c:/Games")?
 bool IsFullWindowsPath(std::string_view path);
 
+/// Does the path begin with the name of a computer on the network, as "\\server\share\x" does?
+bool IsNetworkPath(std::string_view path);
+
 /// Can a file or folder on Windows have this name? It is UTF-8 of 1 to 255 bytes without any of <>:"/\|?* and control
 /// characters, does not end in a blank or dot, and is no device name.
 bool IsWindowsName(std::string_view name);

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "platform/RuntimeError.h"
 #include "support/Prompts.h"
 #include "support/SharedState.h"
 
@@ -20,7 +21,7 @@ template <typename Body> bool Guarded(SharedState &state, const std::string &lab
     std::forward<Body>(body)();
     return true;
   } catch (const std::exception &error) {
-    ShowError(state, label + error.what());
+    ShowError(state, label + DescriptionOf(error));
     return false;
   }
 }

@@ -45,6 +45,8 @@ struct SharedState {
   std::vector<std::string> noCompressLibraries;
   /// The file that the program was started with, emptied by the form that takes it up.
   std::string commandFile;
+  /// The others, where it was started with several; emptied with it.
+  std::vector<std::string> furtherCommandFiles;
   /// Root of the game's own folders.
   std::string installDir;
   /// Where the pickers of the dialogs start.

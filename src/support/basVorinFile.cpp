@@ -3,7 +3,10 @@
 
 #include "support/basVorinFile.h"
 
+#include "platform/CaseFold.h"
+#include "platform/PathText.h"
 #include "platform/RuntimeError.h"
+#include "platform/WindowsNames.h"
 #include "support/Prompts.h"
 #include "support/basVorinString.h"
 
@@ -16,6 +19,19 @@ bool FileExists(SharedState &state, std::string_view path) { return state.fileSe
 bool FileMayExist(SharedState &state, std::string_view path) { return state.fileService->FileMayExist(path); }
 
 bool DirExists(SharedState &state, std::string_view path) { return state.fileService->DirExists(path); }
+
+bool IsSameFolder(SharedState &state, std::string_view first, std::string_view second) {
+  if (first == second)
+    return true;
+  return DirExists(state, first) && DirExists(state, second) ? state.platform.NewFiles().IsSameFile(first, second)
+                                                             : EqualsIgnoringCase(first, second);
+}
+
+std::string TypedPath(SharedState &state, const std::string &text) {
+  const bool isFull = IsFullWindowsPath(text) || (!text.empty() && IsSeparator(text[0])) || PathOfFileAddress(text);
+  const std::string path = isFull ? state.platform.ToWindowsPath(text) : "";
+  return path.empty() ? text : path;
+}
 
 std::string GetPathPart(SharedState &state, std::string_view path) { return state.fileService->GetPathPart(path); }
 
@@ -65,7 +81,7 @@ bool CopyFile(SharedState &state, std::string_view sourceDir, std::string_view s
                                  AddBackslash(destinationDir) + std::string(destinationName), report);
     return true;
   } catch (const std::exception &error) {
-    state.lastFileError = error.what();
+    state.lastFileError = DescriptionOf(error);
     return false;
   }
 }

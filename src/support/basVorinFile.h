@@ -17,6 +17,12 @@ bool FileExists(SharedState &state, std::string_view path);
 /// False only when it is known that there is no such file.
 bool FileMayExist(SharedState &state, std::string_view path);
 bool DirExists(SharedState &state, std::string_view path);
+/// Are two folders one, whatever they are called? The disk knows; of folders that do not exist the names decide,
+/// whatever their case.
+bool IsSameFolder(SharedState &state, std::string_view first, std::string_view second);
+/// What a user means who types this into the box of a path: a full path, of Windows or of this system, in the form that
+/// all paths have. Any other text stays as it is: whoever has to do with the file will tell.
+std::string TypedPath(SharedState &state, const std::string &text);
 std::string GetPathPart(SharedState &state, std::string_view path);
 std::string GetFilePart(SharedState &state, std::string_view path);
 /// Bytes; 0 for a missing file or an empty path.

@@ -4,11 +4,13 @@
 #include "widgets/FileDialog.h"
 
 #include "platform/RuntimeError.h"
+#include "platform/WindowsNames.h"
 #include "widgets/QtText.h"
 
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLineEdit>
 
 namespace turfdesk {
 
@@ -48,9 +50,14 @@ QStringList NameFilters(const std::string &filter) {
   return filters;
 }
 
-void OpenStartFolder(QFileDialog &dialog, const QString &hostFolder) {
-  if (!hostFolder.isEmpty() && QDir(hostFolder).exists())
+void OpenStartFolder(QFileDialog &dialog, Platform &platform, const FileDialogRequest &request) {
+  for (const std::string &folder : {request.initDir, request.otherwiseDir}) {
+    const QString hostFolder = ToQString(platform.ToHostPath(folder));
+    if (hostFolder.isEmpty() || !QDir(hostFolder).exists())
+      continue;
     dialog.setDirectory(hostFolder);
+    return;
+  }
 }
 
 /// The name as the disk has it, which may differ in case.
@@ -60,29 +67,60 @@ QString NameOnDisk(Platform &platform, const FileDialogRequest &request) {
   return onDisk.exists() ? onDisk.fileName() : ToQString(request.fileName);
 }
 
-std::string ChosenPath(Platform &platform, const QString &hostPath) {
-  std::string path = platform.ToWindowsPath(ToUtf8(QDir::toNativeSeparators(hostPath)));
+bool IsWindowsPath(const QString &text) {
+  const std::string path = ToUtf8(text);
+  return IsFullWindowsPath(path) || path.starts_with("\\\\");
+}
+
+/// A dialog that knows of no drives takes a Windows path for the name of a file in the folder that it shows.
+std::string ChosenPath(Platform &platform, const QFileDialog &dialog) {
+  QString chosen = dialog.selectedFiles().first();
+  const QString shownFolder = QDir(dialog.directory().absolutePath()).filePath("");
+  if (chosen.startsWith(shownFolder) && IsWindowsPath(chosen.mid(shownFolder.size())))
+    chosen = chosen.mid(shownFolder.size());
+  std::string path = platform.ToWindowsPath(ToUtf8(QDir::toNativeSeparators(chosen)));
   if (path.empty())
     throw RuntimeError(ErrorNumber::BadFileName);
   return path;
 }
 
+/// A folder that is typed as a Windows path is opened, as any other folder is.
+class OpenDialog final : public QFileDialog {
+public:
+  OpenDialog(QWidget &parent, Platform &platform, const FileDialogRequest &request)
+      : QFileDialog(&parent, ToQString(request.title)), mPlatform(platform) {}
+
+protected:
+  void accept() override {
+    auto *name = findChild<QLineEdit *>("fileNameEdit");
+    if (name != nullptr && IsWindowsPath(name->text())) {
+      const QFileInfo folder(ToQString(mPlatform.ToHostPath(ToUtf8(name->text()))));
+      if (folder.isDir())
+        name->setText(folder.absoluteFilePath());
+    }
+    QFileDialog::accept();
+  }
+
+private:
+  Platform &mPlatform;
+};
+
 } // namespace
 
 std::optional<std::string> ShowOpenDialog(QWidget &parent, Platform &platform, const FileDialogRequest &request) {
-  QFileDialog dialog(&parent, ToQString(request.title));
+  OpenDialog dialog(parent, platform, request);
   dialog.setAcceptMode(QFileDialog::AcceptOpen);
   dialog.setFileMode(QFileDialog::AnyFile);
   // The descriptions name the patterns already.
   dialog.setOption(QFileDialog::HideNameFilterDetails);
   dialog.setNameFilters(NameFilters(request.filter));
   dialog.setDefaultSuffix(ToQString(request.defaultExtension));
-  OpenStartFolder(dialog, ToQString(platform.ToHostPath(request.initDir)));
+  OpenStartFolder(dialog, platform, request);
   if (!request.fileName.empty())
     dialog.selectFile(NameOnDisk(platform, request));
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
     return std::nullopt;
-  return ChosenPath(platform, dialog.selectedFiles().first());
+  return ChosenPath(platform, dialog);
 }
 
 } // namespace turfdesk

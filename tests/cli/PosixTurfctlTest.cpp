@@ -30,6 +30,24 @@ TEST_F(PosixTurfctlTest, AFileThatCannotBeReadIsNamedAndAnAnswerThatCannotBeWrit
   EXPECT_EQ(test::RunProgram("/bin/sh", {"-c", command + "settings list > /dev/full"}, "").status, 1);
 }
 
+TEST_F(PosixTurfctlTest, NoFolderIsTakenForAnother) {
+  const auto shell = [this](const std::string &work) {
+    const std::string gone = home.Path().string() + "/gone";
+    return test::RunProgram("/bin/sh", {"-c", "mkdir " + gone + " && cd " + gone + " && rmdir " + gone + " && " + work},
+                            "");
+  };
+  const std::string words =
+      "The path is relative, and the current folder is gone.\nRun with --help for more information.\n";
+  for (const std::string &work :
+       {command + "install x.hlc", command + "move Elm --to .", std::string(TURFCTL) + " --home x list"}) {
+    const test::ProgramRun run = shell(work);
+    EXPECT_EQ(run.status, 2) << work;
+    EXPECT_TRUE(run.errors.ends_with(words)) << run.errors;
+  }
+  EXPECT_EQ(shell("TURFDESK_HOME=x " + std::string(TURFCTL) + " list").status, 3);
+  EXPECT_EQ(test::RunProgram(TURFCTL, {"--home", "", "list"}, "").status, 2);
+}
+
 TEST_F(PosixTurfctlTest, ASignalTakesTheTemporaryFolderAlong) {
   samples::WritePackage(home.Path() / "p.hlz", {{"Elm.hlc", samples::CourseBytes(elm)}});
   // Waits at a question for whoever holds the pipe, with the course extracted.

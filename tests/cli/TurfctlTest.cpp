@@ -3,6 +3,8 @@
 
 #include "cli/TurfctlTest.h"
 
+#include <algorithm>
+
 namespace turfdesk {
 
 TEST_F(TurfctlTest, InstallsAPackageAndListsIt) {
@@ -79,6 +81,47 @@ TEST_F(TurfctlTest, InstallsFolderByFolderInTheOrderGiven) {
   EXPECT_EQ(Run(R"(install 'C:\a\short.hlb')").errors, "short.hlb: Input past end of file\n");
 }
 
+TEST_F(TurfctlTest, AFolderIsOneByAllItsNames) {
+  const std::string file = R"(C:\Dl\Grass.hlb)";
+  samples::WriteLibrary(Host("Dl/Grass.hlb"), grass);
+  std::filesystem::create_directories(Host("Dl/sub"));
+  Texts names = {R"(C:\Dl\)", "C:/Dl", R"(C:\Dl\sub\..)", R"(c:\\DL\.)", HostText("Dl/"), HostText("Dl/sub/..")};
+  // A link and a second drive, where the system has such; not the folder of links.
+  Texts aliases = test::MakeAliases(home.Path(), R"(C:\Dl)");
+  aliases.resize(std::min<std::size_t>(aliases.size(), 2));
+  names.insert(names.end(), aliases.begin(), aliases.end());
+  for (const std::string &name : names) {
+    const Outcome installed = Run("--json install '" + file + "' --to '" + name + "'");
+    ASSERT_EQ(installed.status, 0) << name << installed.output;
+    EXPECT_EQ(installed.Answer()["steps"][0]["route"], R"("C:\Dl" to "")") << name;
+    EXPECT_EQ(Run("--json show Grass").Answer()["library"]["filename"], file) << name;
+    const Outcome moved = Run("--json move Grass --to '" + name + "'");
+    EXPECT_EQ(moved.Boxes(), Texts{"error [Turf Desk] Permission denied"}) << name;
+    EXPECT_EQ(samples::ReadFile(Host("Dl/Grass.hlb")), samples::LibraryBytes(grass)) << name;
+    EXPECT_EQ(Run(R"(tree delete 'Software\KESTRAVON\Marrowfell 2002\Libraries\)" + samples::KeyOf(grass) + "'").status,
+              0);
+  }
+}
+
+TEST_F(TurfctlTest, APathGoesInCleanAndOneThatIsNotIsUnderstood) {
+  const std::string entry = R"(tree set 'Software\KESTRAVON\Marrowfell 2002\Courses\)" + samples::KeyOf(elm) + "' ";
+  samples::WriteCourse(Host("Dl/Elm.hlc"), elm);
+  samples::WriteFile(Host("pics/a.bmp"), samples::ToBytes("picture"));
+  std::filesystem::create_directories(Host("New"));
+  ASSERT_EQ(Run("--yes install C:/Dl//x/../Elm.hlc").status, 0);
+  ASSERT_EQ(Run("set-media 'Old Elm' --picture C:/pics//a.bmp").status, 0);
+  const Json course = Run("--json show 'Old Elm'").Answer()["course"];
+  EXPECT_EQ(course["filename"], R"(C:\Dl\Elm.hlc)");
+  EXPECT_EQ(course["picture"], R"(C:\pics\a.bmp)");
+  // As an earlier version, or another program, has written them.
+  for (const char *value : {"Filename C:/Dl//Elm.hlc", R"(Picture C:\Dl\..\/pics/a.bmp)"})
+    ASSERT_EQ(Run(entry + value).status, 0);
+  ASSERT_EQ(Run("--yes compress 'Old Elm' --output C:/Dl/../p.hlz").status, 0);
+  ASSERT_EQ(Run("--yes install C:/p.hlz --to C:/New/").status, 0);
+  EXPECT_EQ(Run("--json show 'Old Elm'").Answer()["course"]["picture"], R"(C:\New\a.bmp)");
+  EXPECT_TRUE(std::filesystem::exists(Host("New/a.bmp")));
+}
+
 TEST_F(TurfctlTest, SettingsAndTree) {
   EXPECT_EQ(Run("settings get target").output, "C:\\KESTRAVON\n");
   EXPECT_EQ(Run(R"(settings set Target 'D:\x')").status, 0);
@@ -101,6 +144,10 @@ TEST_F(TurfctlTest, AWrongCommandLineIsToldInTheFormAskedFor) {
       {"settings set InstallDir -x", "There is no option -x. A text that begins with a dash is put behind --."},
       {"list --frob", "There is no option --frob. A text that begins with a dash is put behind --."},
       {"settings get", "name is required"},
+      {"install ''", "files: The path is empty."},
+      {"move Elm --to ''", "--to: The path is empty."},
+      {"install x.hlc --to ''", "--to: The path is empty."},
+      {"compress Elm --output ''", "--output: The path is empty."},
   };
   for (const auto &[arguments, words] : cases) {
     EXPECT_EQ(Run(arguments).errors, words + "\nRun with --help for more information.\n");

@@ -91,17 +91,30 @@ TEST_F(FileDialogTest, ANewNameGetsTheDefaultExtensionUnlessItHasOne) {
   EXPECT_EQ(Choose(music, [](QFileDialog &dialog) { Enter(dialog, "new.song"); }), R"(C:\Media\new.song)");
 }
 
+TEST_F(FileDialogTest, AWindowsPathCanBeTyped) {
+  for (const char *typed : {R"(C:\No such\new.song)", "C:/No such/./new.song"})
+    EXPECT_EQ(Choose(music, [typed](QFileDialog &dialog) { Enter(dialog, typed); }), R"(C:\No such\new.song)");
+  world.MakeFolder(R"(C:\Golf)");
+  const std::string chosen = Choose(music, [](QFileDialog &dialog) {
+    Enter(dialog, R"(c:\golf)");
+    EXPECT_TRUE(dialog.isVisible()) << "the folder is opened";
+    Enter(dialog, "new.mp3");
+  });
+  EXPECT_EQ(chosen, R"(C:\Golf\new.mp3)");
+}
+
 TEST_F(FileDialogTest, CancelChoosesNothing) {
   EXPECT_EQ(Choose(music, [](QFileDialog &dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); }), "(none)");
 }
 
-TEST_F(FileDialogTest, AFolderThatIsGoneLeavesTheStartToThePlatform) {
+TEST_F(FileDialogTest, InPlaceOfAFolderThatIsGoneItStartsInTheOther) {
   for (const char *folder : {"", R"(C:\Gone)", R"(Q:\)", "no path"}) {
     FileDialogRequest request = music;
     request.initDir = folder;
     request.fileName = "old.mp3";
+    request.otherwiseDir = world.MakeFolder(R"(C:\Golf)");
     Choose(request, [folder](QFileDialog &dialog) {
-      EXPECT_TRUE(dialog.directory().exists()) << folder;
+      EXPECT_EQ(dialog.directory().dirName(), "Golf") << folder;
       EXPECT_EQ(NameBox(dialog).text(), "old.mp3") << folder;
       dialog.reject();
     });

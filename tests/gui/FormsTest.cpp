@@ -187,6 +187,15 @@ TEST_F(FormsTest, ADriveThatIsNotReadyIsToldAndLeavesTheDirectory) {
   EXPECT_EQ(Find<FileList>(dialog, "fileSource").ListCount(), 1);
 }
 
+TEST_F(FormsTest, OfSeveralFilesThoseOfTheFirstOnesFolderAreSelected) {
+  for (const char *file : {R"(C:\Dl\a.hlb)", R"(C:\Dl\b.hlc)", R"(C:\Dl\c.hlz)", R"(C:\Other\b.hlc)"})
+    samples::WriteFile(world.Host(file), {});
+  state.commandFile = R"(C:\Dl\c.hlz)";
+  state.furtherCommandFiles = {R"(C:\Other\b.hlc)", R"(C:\Dl\sub\..\a.hlb)"};
+  EXPECT_EQ(frmCourseInstall(state, nullptr).Request().files, (std::vector<std::string>{"a.hlb", "c.hlz"}));
+  EXPECT_TRUE(frmCourseInstall(state, nullptr).Request().files.empty()) << "they are taken up once";
+}
+
 TEST_F(FormsTest, AGoneDirectoryOpensTheDialogWithNothingSelected) {
   // The lists then begin in the current folder, where a file of the same name is another one.
   samples::WriteFile(world.Host(R"(C:\Golf\x.hlz)"), samples::ToBytes("another"));

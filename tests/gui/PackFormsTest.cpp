@@ -334,11 +334,11 @@ TEST_F(PackFormsTest, TheFileDialogNamesThePackage) {
   EXPECT_TRUE(Exists(R"(C:\Golf\other.hlz)"));
 }
 
-TEST_F(PackFormsTest, ATypedNameIsTakenAsItIs) {
+TEST_F(PackFormsTest, ATypedPathMayBeOneOfTheHost) {
   Compress([this](frmCourseCompress &dialog) {
     auto &name = Find<QLineEdit>(dialog, "txtFilename");
     name.selectAll();
-    QTest::keyClicks(&name, R"(C:\Golf\typed)");
+    QTest::keyClicks(&name, QString::fromStdString(world.Host(R"(C:\Golf\typed)").string()));
     EXPECT_EQ(Write([&name] { QTest::keyClick(&name, Qt::Key_Return); }), Success);
   });
   EXPECT_TRUE(Exists(R"(C:\Golf\typed)"));

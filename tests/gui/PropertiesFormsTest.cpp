@@ -143,6 +143,7 @@ TEST_F(PropertiesFormsTest, AFileChosenInTheDialogIsSavedAlsoWhenItIsTheSame) {
     {
       const test::ModalWatch<QFileDialog> cancel([](QFileDialog &files) {
         EXPECT_EQ(files.windowTitle(), "Select Picture");
+        EXPECT_EQ(files.directory().dirName(), "Media");
         EXPECT_TRUE(files.nameFilters().first().startsWith("Pictures (*.bmp; *.tga; *.dds)"));
         EXPECT_EQ(Find<QLineEdit>(files, "fileNameEdit").text(), "links.bmp");
         QTest::keyClick(&files, Qt::Key_Escape);
@@ -174,6 +175,21 @@ TEST_F(PropertiesFormsTest, AFileChosenInTheDialogIsSavedAlsoWhenItIsTheSame) {
   });
   EXPECT_EQ(SavedMedia()[0], R"(C:\Media\new.bmp)");
   EXPECT_TRUE(world.boxes.shown.empty());
+}
+
+TEST_F(PropertiesFormsTest, APathOfTheHostCanBeTypedAndAnEmptyBoxStartsBesideTheCourse) {
+  const std::string music = world.Host(R"(C:\Media\dune.mp3)").string();
+  InCourseProperties([&music](frmCourseProperties &dialog) {
+    const test::ModalWatch<QFileDialog> look([](QFileDialog &files) {
+      EXPECT_EQ(files.directory().dirName(), "Golf");
+      files.reject();
+    });
+    Click(dialog, "btnMedia_1");
+    Type(dialog, "txtMedia_1", music.c_str());
+    Type(dialog, "txtMedia_3", "no path");
+    dialog.close();
+  });
+  EXPECT_EQ(SavedMedia(), (Texts{Before[0], R"(C:\Media\dune.mp3)", "no path"}));
 }
 
 TEST_F(PropertiesFormsTest, AReloadBehindThePropertiesLosesNothing) {

@@ -5,6 +5,7 @@
 
 #include "catalogue/Catalogue.h"
 #include "catalogue/CatalogueRows.h"
+#include "platform/RuntimeError.h"
 
 #include "common/GolfWorld.h"
 
@@ -186,7 +187,7 @@ TEST_F(MoveTest, WhatHasNoFileMovesWithoutOne) {
 
 TEST_F(MoveTest, AFileGoesBackWhereTheTreeBreaksDown) {
   world.registry.failingValue = "Filename";
-  world.registry.onFailure = [] { throw std::runtime_error("The settings are gone."); };
+  world.registry.onFailure = [] { throw RuntimeError(ErrorNumber::DeviceIo, "The settings are gone."); };
   EXPECT_FALSE(world.MoveGrass(R"(C:\Other)"));
   EXPECT_EQ(Boxes(), Texts{"The settings are gone."});
   EXPECT_EQ(test::FilesOnDrive(world.Home()), filesBefore);

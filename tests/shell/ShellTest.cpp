@@ -8,6 +8,7 @@
 #include "support/basVorinRegistry.h"
 
 #include "common/TestWorld.h"
+#include "samples/Basics.h"
 
 #include <gtest/gtest.h>
 
@@ -23,6 +24,37 @@ TEST(MainTest, TheCommandTailIsOnePath) {
     ASSERT_TRUE(Main(world.state, tail));
     EXPECT_EQ(world.state.commandFile, file) << tail;
   }
+}
+
+TEST(MainTest, SeveralArgumentsAreSeveralFilesOnlyWhereEachIsOne) {
+  test::TestWorld world;
+  for (const char *file : {"a b.hlz", "b.hlz"})
+    samples::WriteFile(world.Host(std::string(R"(C:\Dl\)") + file), {});
+  std::filesystem::current_path(world.Host(R"(C:\Dl)"));
+  using Texts = std::vector<std::string>;
+  const struct {
+    Texts arguments;
+    std::string file;
+    Texts further;
+    std::size_t boxes = 0;
+  } cases[] = {
+      {{R"(C:\Dl\a)", "b.hlz", "x"}, R"(C:\Dl\a b.hlz x)", {}},
+      {{"a", "b.hlz"}, R"(C:\Dl\a b.hlz)", {}},
+      {{"b.hlz", "a b.hlz"}, R"(C:\Dl\b.hlz)", {R"(C:\Dl\a b.hlz)"}},
+      {{R"(C:\Dl\b.hlz)", "C:/none.hlc", "file:///C:/Dl/a%20b.hlz"},
+       R"(C:\Dl\b.hlz)",
+       {R"(C:\none.hlc)", R"(C:\Dl\a b.hlz)"}},
+      {{"file://localhost/C:/Dl/b.hlz"}, R"(C:\Dl\b.hlz)", {}},
+      {{R"(C:\Dl\)"}, R"(C:\Dl\)", {}},
+      {{"a?b.hlz"}, R"(C:\QuillonGolf\)", {}, 1},
+  };
+  for (const auto &c : cases) {
+    ASSERT_TRUE(Main(world.state, c.arguments));
+    EXPECT_EQ(world.state.commandFile, c.file);
+    EXPECT_EQ(world.state.furtherCommandFiles, c.further) << c.file;
+    EXPECT_EQ(world.boxes.TakeTexts().size(), c.boxes) << c.file;
+  }
+  std::filesystem::current_path(std::filesystem::temp_directory_path());
 }
 
 TEST(MainTest, ReadsItsSettingsOnceWithDefaults) {

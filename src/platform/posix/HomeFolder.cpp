@@ -81,9 +81,13 @@ std::string HomeFolder(std::string_view chosen) {
 }
 
 void MakeHome(const std::string &home) {
+  constexpr const char *unusable = "The folder for the program's own files cannot be used.";
+  if (home.empty())
+    throw RuntimeError(ErrorNumber::PathNotFound,
+                       std::string(unusable) + "\r\n\r\nIts path is relative, and the current folder is gone.");
   if (const int error = MakeFolders(home, PrivateMode); error != 0) {
     const ErrorNumber number = NumberOfFolderError(error);
-    throw RuntimeError(number, UnusableWords("The folder for the program's own files cannot be used.", home, number));
+    throw RuntimeError(number, UnusableWords(unusable, home, number));
   }
   const std::string drives = DrivesOf(home);
   struct stat status;

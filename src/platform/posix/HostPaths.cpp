@@ -9,11 +9,12 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <climits>
 #include <cstdlib>
 #include <memory>
 
 namespace turfdesk {
+
+using MallocedText = std::unique_ptr<char, decltype(&std::free)>;
 
 std::string AbsoluteHostPath(std::string_view path) {
   std::string absolute;
@@ -22,15 +23,18 @@ std::string AbsoluteHostPath(std::string_view path) {
       if (const std::string_view name = NextName(part, IsSlash); !name.empty() && name != ".")
         absolute.append("/").append(name);
   };
-  char current[PATH_MAX];
-  if (!path.starts_with('/') && getcwd(current, sizeof(current)) != nullptr)
-    append(current);
+  if (!path.starts_with('/')) {
+    const MallocedText current(getcwd(nullptr, 0), &std::free);
+    if (!current)
+      return "";
+    append(current.get());
+  }
   append(path);
   return absolute.empty() ? "/" : absolute;
 }
 
 std::string RealHostPath(const std::string &path) {
-  const std::unique_ptr<char, decltype(&std::free)> real(realpath(path.c_str(), nullptr), &std::free);
+  const MallocedText real(realpath(path.c_str(), nullptr), &std::free);
   return real ? real.get() : "";
 }
 

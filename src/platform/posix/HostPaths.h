@@ -14,6 +14,7 @@ namespace turfdesk {
 constexpr bool IsSlash(char c) { return c == '/'; }
 
 /// The host path from its root on, without "." and empty names. ".." stays: what it leads to is for the disk to say.
+/// "" for a relative path when the current folder is gone.
 std::string AbsoluteHostPath(std::string_view path);
 
 /// The host path with all links followed, or "" when it does not exist.

@@ -11,7 +11,6 @@
 #include <sys/stat.h>
 
 #include <algorithm>
-#include <filesystem>
 #include <map>
 #include <optional>
 #include <utility>
@@ -69,14 +68,27 @@ Mapping ClosestMapping(const std::vector<Target> &targets, const std::string &ho
   return closest;
 }
 
-/// The path by the place on the disk that it leads to. A file that is a link keeps its name.
-std::string WithFolderLinksFollowed(const std::string &hostPath) {
-  std::error_code error;
-  if (std::filesystem::is_directory(hostPath, error))
-    return RealHostPath(hostPath);
-  const SplitHostPath split = SplitName(hostPath);
-  const std::filesystem::path folder = std::filesystem::weakly_canonical(split.folder, error);
-  return error ? hostPath : AbsoluteHostPath((folder / split.name).string());
+bool IsFolder(const std::string &hostPath) {
+  struct stat status;
+  return stat(hostPath.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+/// The absolute path by the place on the disk that it leads to. A file that is a link keeps its name. What does not
+/// exist, or lies too deep for the system, has its names as given.
+std::string WithFolderLinksFollowed(std::string_view hostPath) {
+  std::string place;
+  for (hostPath.remove_prefix(1); !hostPath.empty();) {
+    const std::string_view name = NextName(hostPath, IsSlash);
+    std::string next = place + "/" + std::string(name);
+    const std::string real = RealHostPath(next);
+    if (!real.empty() && (!hostPath.empty() || IsFolder(real)))
+      place = real == "/" ? "" : real;
+    else if (name == "..")
+      place.resize(std::min(place.size(), place.rfind('/')));
+    else
+      place = std::move(next);
+  }
+  return place.empty() ? "/" : place;
 }
 
 } // namespace
@@ -210,6 +222,9 @@ std::vector<PathMap::Drive> PathMap::Drives() const {
 }
 
 std::string PathMap::ToWindows(std::string_view hostPath) const {
+  const std::string given = AbsoluteHostPath(hostPath);
+  if (given.empty())
+    return "";
   std::vector<Target> targets;
   for (const Drive &drive : Drives())
     if (std::string folder = RealHostPath(drive.link); !folder.empty())
@@ -217,7 +232,6 @@ std::string PathMap::ToWindows(std::string_view hostPath) const {
 
   // The names as given are kept where they lead through a drive's own folder. That the root of the disk is a drive,
   // too, is no reason to keep them: links can lead to a closer drive.
-  const std::string given = AbsoluteHostPath(hostPath);
   const Mapping byNames = ClosestMapping(targets, given);
   if (byNames.nearness > 1 && !byNames.path.empty())
     return byNames.path;

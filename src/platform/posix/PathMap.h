@@ -55,7 +55,7 @@ public:
   int HostForm(std::string_view windowsPath, std::string &hostPath) const;
 
   /// The Windows form of a host path by the drive that leads closest to it; a relative one starts from the current
-  /// folder. It need not exist. "" when no Windows path can express it.
+  /// folder. It need not exist. "" when no Windows path can express it or the current folder is gone.
   std::string ToWindows(std::string_view hostPath) const;
 
   struct Drive {

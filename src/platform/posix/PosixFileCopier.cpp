@@ -53,7 +53,9 @@ void PosixFileCopier::Copy(std::string_view sourcePath, std::string_view destina
     ThrowSystemError(error);
 
   Destination destination = FindDestination(mPaths, destinationPath, false);
-  if (destination.existing && IsSameFile(source.status, *destination.existing))
+  // Also by a link to the source: whoever moves the file would delete it next.
+  struct stat existing;
+  if (stat(destination.Path().c_str(), &existing) == 0 && IsSameFile(source.status, existing))
     throw RuntimeError(ErrorNumber::PermissionDenied);
 
   const mode_t mode = (source.status.st_mode & ReadWriteExecuteForAll) | S_IRUSR | S_IWUSR;

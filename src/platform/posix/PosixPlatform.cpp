@@ -4,6 +4,7 @@
 #include "platform/Platform.h"
 #include "platform/RuntimeError.h"
 
+#include "platform/PathText.h"
 #include "platform/WindowsNames.h"
 #include "platform/posix/ChildProcesses.h"
 #include "platform/posix/HomeFolder.h"
@@ -70,10 +71,14 @@ public:
     return program.empty() ? "" : mPaths.ToWindows(program.parent_path().string());
   }
 
-  std::string ToWindowsPath(std::string_view path) override {
+  std::string ToWindowsPath(std::string_view given) override {
+    const std::string path = PathOfFileAddress(given).value_or(std::string(given));
+    // The system would take what stands before the NUL for the whole path.
+    if (path.empty() || path.find('\0') != std::string::npos)
+      return "";
     // The start of a path on a network is kept, too: it cannot be reached, and the user is told so under its own name.
     const bool isWindowsPath = IsFullWindowsPath(path) || path.starts_with("\\\\");
-    return isWindowsPath ? std::string(path) : mPaths.ToWindows(path);
+    return isWindowsPath ? CleanPath(path) : mPaths.ToWindows(path);
   }
 
   std::string ToHostPath(std::string_view windowsPath) override {

@@ -49,19 +49,9 @@ Destination FindDestination(const PathMap &paths, std::string_view windowsPath, 
   if (const int error = paths.FindPlace(windowsPath, missingFolders, place); error != 0)
     ThrowSystemError(error);
   Destination destination{std::move(place.folder), std::move(place.name), std::nullopt};
-  const std::string path = destination.folder + "/" + destination.name;
   struct stat status;
-  if (lstat(path.c_str(), &status) != 0)
-    return destination;
-  if (S_ISLNK(status.st_mode)) {
-    const std::string real = RealHostPath(path);
-    if (real.empty() || stat(real.c_str(), &status) != 0)
-      ThrowSystemError(ENOTDIR);
-    SplitHostPath split = SplitName(real);
-    destination.folder = std::move(split.folder);
-    destination.name = std::move(split.name);
-  }
-  destination.existing = status;
+  if (lstat(destination.Path().c_str(), &status) == 0)
+    destination.existing = status;
   return destination;
 }
 
@@ -98,16 +88,21 @@ PosixStagedFile::~PosixStagedFile() {
     unlinkat(mFolder.Number(), mTemporaryName.c_str(), 0);
 }
 
-/// A file without its owner's write permission is not replaced, not even for root, nor is a folder, a device, a pipe,
-/// or a link that has appeared in the meantime.
+/// A file without its owner's write permission is not replaced, not even for root, nor is a folder, a link to one, a
+/// device or a pipe.
 void PosixStagedFile::CheckReplaceable() const {
   struct stat status;
-  if (fstatat(mFolder.Number(), mDestination.name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0) {
-    if (errno != ENOENT)
-      ThrowSystemError(errno);
+  const auto look = [&](int flags) {
+    return fstatat(mFolder.Number(), mDestination.name.c_str(), &status, flags) == 0 ? 0 : errno;
+  };
+  if (const int error = look(AT_SYMLINK_NOFOLLOW); error != 0) {
+    if (error != ENOENT)
+      ThrowSystemError(error);
     return;
   }
-  if (!S_ISREG(status.st_mode) || (status.st_mode & S_IWUSR) == 0)
+  const bool isReplaceable = S_ISLNK(status.st_mode) ? look(0) != 0 || !S_ISDIR(status.st_mode)
+                                                     : S_ISREG(status.st_mode) && (status.st_mode & S_IWUSR) != 0;
+  if (!isReplaceable)
     ThrowSystemError(EACCES);
 }
 
@@ -136,8 +131,10 @@ void PosixStagedFile::Write(std::span<const std::uint8_t> data) {
 }
 
 void PosixStagedFile::SetAttributes() const {
-  if (mDestination.existing)
-    CheckWhereSupported(fchmod(mFile.Number(), mDestination.existing->st_mode & AllForAll));
+  // Those of a link mean nothing, and with those of a stranger's file he could write to ours.
+  const auto &existing = mDestination.existing;
+  if (existing && S_ISREG(existing->st_mode) && existing->st_uid == geteuid())
+    CheckWhereSupported(fchmod(mFile.Number(), existing->st_mode & AllForAll));
   if (mModified) {
     const timespec times[] = {{0, UTIME_OMIT}, *mModified};
     CheckWhereSupported(futimens(mFile.Number(), times));

@@ -17,14 +17,17 @@
 
 namespace turfdesk {
 
-/// Where a file is to appear: what stands there under another case of the name, or behind a link, is what is replaced.
+/// Where a file is to appear: what stands there under another case of the name is what is replaced. A link is replaced
+/// itself. Whatever it leads to is not ours to write: in a folder that everybody writes in, anybody may have made it.
 struct Destination {
   std::string folder; ///< host path
   std::string name;
-  std::optional<struct stat> existing;
+  std::optional<struct stat> existing; ///< of a link, its own
+
+  std::string Path() const { return folder + "/" + name; }
 };
 
-/// Throws RuntimeError 52, 68, 71 or 76 as StagedFiles::Create does, 76 also for a link that leads nowhere.
+/// Throws RuntimeError 52, 68, 71 or 76 as StagedFiles::Create does.
 Destination FindDestination(const PathMap &paths, std::string_view windowsPath, bool missingFolders);
 
 /// Folders made for a file. Those that are still empty go with the object.
@@ -47,7 +50,8 @@ private:
 /// killed program has left under such a name is removed by the next that writes in the folder.
 class PosixStagedFile final : public StagedFile {
 public:
-  /// mode: the permission bits of a new file, less those of the user's mask; an existing file's are kept.
+  /// mode: the permission bits of a new file, less those of the user's mask; those of an existing file of the
+  /// same user are kept.
   PosixStagedFile(Destination destination, bool makeFolders, mode_t mode, SweepTimes<std::string> &sweeps);
   ~PosixStagedFile() override;
 

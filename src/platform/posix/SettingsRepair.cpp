@@ -127,7 +127,7 @@ void RestoreSettings(const std::string &home, MessageBoxes &boxes) {
   try {
     words = RepairSettings(SettingsPaths(home), SettingsStore::DefaultPatience);
   } catch (const std::exception &error) {
-    words = error.what();
+    words = DescriptionOf(error);
   }
   if (!words.empty())
     TellPlainly(boxes, words);

@@ -15,4 +15,8 @@ void MakeOutputBinary() {
   // Here it never is anything else.
 }
 
+void UseTerminalOfCaller() {
+  // Here every program has it.
+}
+
 } // namespace turfdesk

@@ -17,10 +17,10 @@ SystemHandle::~SystemHandle() {
 }
 
 std::uint32_t OpenExisting(const std::wstring &systemPath, std::uint32_t access, std::uint32_t sharing,
-                           SystemHandle &handle) {
+                           SystemHandle &handle, std::uint32_t flags) {
   // Without the flag a folder is told as one that may not be accessed.
-  handle = SystemHandle(
-      CreateFileW(systemPath.c_str(), access, sharing, nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+  handle = SystemHandle(CreateFileW(systemPath.c_str(), access, sharing, nullptr, OPEN_EXISTING,
+                                    FILE_FLAG_BACKUP_SEMANTICS | flags, nullptr));
   return handle.IsOpen() ? 0 : WhatIsMissing(GetLastError(), systemPath);
 }
 

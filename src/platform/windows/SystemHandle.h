@@ -31,9 +31,9 @@ private:
   void *mHandle = nullptr;
 };
 
-/// Opens a file, or a folder, that exists. systemPath is what ToSystemPath gives; access and sharing are the flags of
-/// CreateFileW. Gives 0 or the system's number of the failure.
+/// Opens a file, or a folder, that exists. systemPath is what ToSystemPath gives; access, sharing and flags are those
+/// of CreateFileW. Gives 0 or the system's number of the failure.
 std::uint32_t OpenExisting(const std::wstring &systemPath, std::uint32_t access, std::uint32_t sharing,
-                           SystemHandle &handle);
+                           SystemHandle &handle, std::uint32_t flags = 0);
 
 } // namespace turfdesk

@@ -4,6 +4,7 @@
 #include "platform/windows/SystemPath.h"
 
 #include "platform/NextName.h"
+#include "platform/PathText.h"
 #include "platform/WindowsNames.h"
 #include "platform/windows/WideText.h"
 
@@ -18,10 +19,6 @@ namespace {
 constexpr std::wstring_view Beginning = LR"(\\?\)";
 constexpr std::wstring_view NetworkBeginning = LR"(\\?\UNC\)";
 constexpr std::size_t LongestWideName = 255;
-
-bool IsNetworkPath(std::string_view path) {
-  return path.size() > 2 && IsSeparator(path[0]) && IsSeparator(path[1]) && !IsSeparator(path[2]);
-}
 
 std::uint32_t AppendName(std::string_view name, std::wstring &systemPath) {
   if (!IsWindowsNameOfAnyLength(name))
@@ -72,11 +69,6 @@ std::string StartOf(std::string_view &path) {
   return ToUtf8(full);
 }
 
-/// Programs that know of long paths may hand over a system path.
-std::string Plain(std::string_view path) {
-  return path.starts_with(R"(\\?\)") ? ToUtf8(PlainPath(ToWide(path))) : std::string(path);
-}
-
 } // namespace
 
 std::uint32_t ToSystemPath(std::string_view path, std::wstring &systemPath) {
@@ -107,10 +99,10 @@ std::wstring PlainPath(std::wstring_view systemPath) {
 }
 
 std::string FullPath(std::string_view given) {
-  std::string plain = Plain(given);
-  if (IsFullWindowsPath(plain) || IsNetworkPath(plain))
-    return plain;
-  std::string_view path = plain;
+  const std::string clean = CleanPath(PathOfFileAddress(given).value_or(std::string(given)));
+  if (clean.empty() || IsFullWindowsPath(clean) || IsNetworkPath(clean))
+    return clean;
+  std::string_view path = clean;
   const std::string start = StartOf(path);
   std::wstring systemPath;
   if (ToSystemPath(start + "\\" + std::string(path), systemPath) != 0)

@@ -25,7 +25,8 @@ bool IsRoot(std::wstring_view systemPath);
 std::wstring PlainPath(std::wstring_view systemPath);
 
 /// The full path, in UTF-8, of one that a user gave: relative to the current folder ("x", "..\x"), to that of a drive
-/// ("C:x") or to the current drive ("\x"). A full path stays as it is. "" when no file can have it.
+/// ("C:x") or to the current drive ("\x"), or by a file's address. It is clean, see CleanPath. "" for "" and when no
+/// file can have it.
 std::string FullPath(std::string_view given);
 
 /// The system tells a missing drive, or one without a medium, often as a missing file. Gives ERROR_INVALID_DRIVE or

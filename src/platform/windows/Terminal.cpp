@@ -30,4 +30,10 @@ void MakeOutputBinary() {
   _setmode(_fileno(stdout), _O_BINARY);
 }
 
+void UseTerminalOfCaller() {
+  const bool isSentSomewhere = GetFileType(GetStdHandle(STD_OUTPUT_HANDLE)) != FILE_TYPE_UNKNOWN;
+  if (!isSentSomewhere && AttachConsole(ATTACH_PARENT_PROCESS) != 0)
+    static_cast<void>(std::freopen("CONOUT$", "w", stdout));
+}
+
 } // namespace turfdesk

@@ -90,9 +90,10 @@ bool WindowsStagedFile::CheckReplaceable() const {
   }
   if ((attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY)) != 0)
     ThrowSystemError(ERROR_ACCESS_DENIED);
-  // Shared with nobody: the system replaces no file that is open, and then says only that access is denied.
+  // Shared with nobody: the system replaces no file that is open, and then says only that access is denied. Of a link
+  // it is the link that is replaced.
   SystemHandle existing;
-  if (const std::uint32_t error = OpenExisting(path, DELETE, 0, existing); error != 0)
+  if (const std::uint32_t error = OpenExisting(path, DELETE, 0, existing, FILE_FLAG_OPEN_REPARSE_POINT); error != 0)
     ThrowSystemError(error);
   return true;
 }

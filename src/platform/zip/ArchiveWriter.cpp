@@ -4,6 +4,7 @@
 #include "platform/zip/ArchiveWriter.h"
 
 #include "platform/CaseFold.h"
+#include "platform/PathText.h"
 #include "platform/zip/BlockDeflater.h"
 #include "platform/zip/CallbackSource.h"
 #include "platform/zip/EntrySelection.h"
@@ -196,7 +197,7 @@ std::vector<SourceFile> NameSources(StagedFiles &stagedFiles, const ZipLayer &la
     LookAtSource(layer, path, [&] {
       if (stagedFiles.IsSameFile(path, layer.ZipFilename))
         throw ZipFault(ZipStatus::BadCall);
-      SourceFile source{path, std::string(BareFileName(path))};
+      SourceFile source{path, std::string(FilePartOf(path))};
       source.deflated = !IsCompressedAlready(source.name);
       const auto [known, isNew] = pathsByName.emplace(FoldCase(source.name), path);
       if (isNew)

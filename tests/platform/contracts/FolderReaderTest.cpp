@@ -7,6 +7,8 @@
 #include "platform/NamePatterns.h"
 
 #include <algorithm>
+#include <new>
+#include <stdexcept>
 
 namespace turfdesk::test {
 
@@ -81,6 +83,32 @@ TEST_F(FolderReaderTest, ListsStartWhereTheProgramWasStarted) {
   EXPECT_EQ(mReader.StartFolder(), R"(C:\Games)");
   EXPECT_EQ(mPlatform->ToWindowsPath("New/x.hlc"), R"(C:\Games\New\x.hlc)");
   EXPECT_EQ(mPlatform->ToWindowsPath("../x"), R"(C:\x)");
+}
+
+TEST_F(FolderReaderTest, APathThatAUserGivesGetsOneForm) {
+  const std::pair<std::string, const char *> cases[] = {
+      {R"(C:\Dl\)", R"(C:\Dl)"},
+      {"c:/Dl//a b.hlc", R"(C:\Dl\a b.hlc)"},
+      {R"(C:\Dl\.\none\..\\x)", R"(C:\Dl\x)"},
+      {R"(C:\..\x\..\..)", "C:\\"},
+      {"q:", "Q:\\"},
+      {R"(\\server/share)", R"(\\server\share)"},
+      {R"(\\server\share\\x\..\..\..\y\)", R"(\\server\share\y)"},
+      {R"(\\?\C:\Games/x)", R"(C:\Games\x)"},
+      {R"(\\?\UNC\server\share\x)", R"(\\server\share\x)"},
+      {"file:///c:/My%20Courses/%C3%96%2exyz", "C:\\My Courses\\\u00D6.xyz"},
+      {"file://localhost/C:/100%/x%2", R"(C:\100%\x%2)"},
+      {"FILE://server/share/x", R"(\\server\share\x)"},
+      {"", ""},
+  };
+  for (const auto &[given, path] : cases)
+    EXPECT_EQ(mPlatform->ToWindowsPath(given), path) << given;
+}
+
+TEST(RuntimeErrorTest, WordsOfTheStandardLibraryAreForNoUser) {
+  EXPECT_EQ(DescriptionOf(RuntimeError(ErrorNumber::DiskFull, "no room")), "no room");
+  EXPECT_EQ(DescriptionOf(std::out_of_range("basic_string::substr")), "Internal error");
+  EXPECT_EQ(DescriptionOf(std::bad_alloc()), "Out of memory");
 }
 
 } // namespace

@@ -127,15 +127,36 @@ TEST_F(PathMapTest, HostPathsBecomeWindowsPathsByTheClosestDrive) {
       {"/no/such", R"(Z:\no\such)"},
       {folder / "disk/a?b", ""},
       {folder / "disk/\xC3", ""},
-      {"c:/Games\\x.hlc", "c:/Games\\x.hlc"},
-      {"Q:", "Q:"},
-      {R"(\\server\share)", R"(\\server\share)"},
+      {folder / "disk/ours/../x.hlc", R"(C:\x.hlc)"},
+      {folder / "alias/../x", "Z:" + Backslashed(folder.string()) + "\\x"},
+      {folder / "disk/none/../y", R"(D:\y)"},
+      {"file://" + (folder / "disk/a%20b").string(), R"(D:\a b)"},
       {"x:y", ""},
   };
   for (const auto &[hostPath, windowsPath] : cases)
     EXPECT_EQ(mPlatform->ToWindowsPath(hostPath.string()), windowsPath) << hostPath;
+  EXPECT_EQ(mPlatform->ToWindowsPath("file:///etc/pass%00wd"), "");
   std::filesystem::remove(mDrives / "z:");
   EXPECT_EQ(mPlatform->ToWindowsPath("/etc/passwd"), "");
+  create_directories(folder / "gone");
+  std::filesystem::current_path(folder / "gone");
+  std::filesystem::remove(folder / "gone");
+  EXPECT_EQ(mPlatform->ToWindowsPath("x"), "");
+}
+
+TEST_F(PathMapTest, ALinkMayLeadDeeperThanAPathCanSay) {
+  std::filesystem::current_path(mHome.Path());
+  const std::string name(200, 'n');
+  std::filesystem::path half;
+  for (int i = 0; i < 12; ++i)
+    half /= name;
+  for (const char *link : {"first", "second"}) {
+    create_directories(half);
+    create_directory_symlink(half, link);
+    std::filesystem::current_path(link);
+  }
+  EXPECT_EQ(mPlatform->ToWindowsPath((mHome.Path() / "first/second/x.hlc").string()),
+            Backslashed("Z:" + (mHome.Path() / "first").string()) + "\\second\\x.hlc");
 }
 
 // Names of a folder are remembered while its time stands still, so the folder is given one that lies long ago.

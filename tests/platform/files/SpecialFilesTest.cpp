@@ -46,7 +46,6 @@ TEST_F(SpecialFilesTest, AreFilesButOnlyALinkToAFileIsUsedAsOne) {
     EXPECT_EQ(Copy(path, R"(C:\new)"), 75) << path;
     EXPECT_EQ(Copy(R"(C:\target)", path), 75) << path;
   }
-  EXPECT_EQ(Copy(R"(C:\target)", R"(C:\broken)"), 76);
   for (const char *path : {R"(C:\pipe)", R"(C:\locked link)"}) {
     EXPECT_FALSE(mService->DeleteFile(path)) << path;
     EXPECT_EQ(mService->LastError(), 75) << path;
@@ -55,12 +54,54 @@ TEST_F(SpecialFilesTest, AreFilesButOnlyALinkToAFileIsUsedAsOne) {
   EXPECT_EQ(Entries("C:\\"), (Texts{"broken", "locked", "locked link", "pipe", "target"}));
 }
 
-TEST_F(SpecialFilesTest, WhatIsReplacedKeepsItsPermissionsAndTheLinkToIt) {
+TEST_F(SpecialFilesTest, ALinkIsReplacedAndWhatItLeadsToStays) {
+  Put(R"(C:\new)", "new");
+  Put(R"(C:\folder\x)");
+  std::filesystem::create_directory_symlink("folder", Host(R"(C:\folder link)"));
+  for (const char *link : {R"(C:\link)", R"(C:\locked link)", R"(C:\broken)"}) {
+    EXPECT_EQ(Copy(R"(C:\new)", link), 0) << link;
+    EXPECT_FALSE(std::filesystem::is_symlink(Host(link))) << link;
+    EXPECT_EQ(Content(link), "new");
+    EXPECT_EQ(PermissionsOf(link), PermissionsOf(R"(C:\new)")) << link;
+  }
+  EXPECT_EQ(Copy(R"(C:\new)", R"(C:\folder link)"), 75);
+  EXPECT_EQ(Content(R"(C:\target)") + "|" + Content(R"(C:\locked)"), "content|");
+  EXPECT_EQ(Entries("C:\\"),
+            (Texts{"broken", "folder", "folder link", "link", "locked", "locked link", "new", "pipe", "target"}));
+}
+
+// As in the folder for temporary files: everybody may write there, and nobody may touch what is another's.
+TEST_F(SpecialFilesTest, AStrangersLinkLeadsNowhere) {
+  if (geteuid() != 0)
+    GTEST_SKIP() << "There is only one user here.";
+  constexpr uid_t nobody = 65534;
+  constexpr uid_t stranger = 12345;
+  Put(R"(C:\new)", "new");
+  Put(R"(C:\sticky\mine)", "precious");
+  std::filesystem::create_symlink("mine", Host(R"(C:\sticky\x)"));
+  std::filesystem::create_symlink("mine", Host(R"(C:\sticky\own)"));
+  ASSERT_EQ(lchown(Host(R"(C:\sticky\x)").c_str(), stranger, stranger), 0);
+  for (const char *own : {R"(C:\sticky\own)", R"(C:\sticky\mine)"})
+    ASSERT_EQ(lchown(Host(own).c_str(), nobody, nobody), 0);
+  for (const auto &folder : {mHome.Path(), mHome.Path() / "drives", DriveOf(mHome.Path())})
+    std::filesystem::permissions(folder, perms{0755});
+  std::filesystem::permissions(Host(R"(C:\sticky)"), perms{01777});
+  for (const auto &[user, foreign] : {std::pair{nobody, 75}, {uid_t{0}, 0}}) {
+    ASSERT_EQ(seteuid(user), 0);
+    const int replacedForeign = Copy(R"(C:\new)", R"(C:\sticky\x)");
+    const int replacedOwn = Copy(R"(C:\new)", R"(C:\sticky\own)");
+    ASSERT_EQ(seteuid(0), 0);
+    EXPECT_EQ(replacedForeign, foreign) << user;
+    EXPECT_EQ(replacedOwn, 0) << user;
+    EXPECT_EQ(std::filesystem::is_symlink(Host(R"(C:\sticky\x)")), foreign != 0) << user;
+    EXPECT_EQ(Content(R"(C:\sticky\mine)"), "precious") << user;
+  }
+}
+
+TEST_F(SpecialFilesTest, WhatIsReplacedKeepsItsPermissions) {
   Put(R"(C:\new)", "new");
   std::filesystem::permissions(Host(R"(C:\target)"), perms{0604});
-  EXPECT_EQ(Copy(R"(C:\new)", R"(C:\link)"), 0);
-  EXPECT_TRUE(std::filesystem::is_symlink(Host(R"(C:\link)")));
-  EXPECT_EQ(Content(R"(C:\target)"), "new");
+  EXPECT_EQ(Copy(R"(C:\new)", R"(C:\target)"), 0);
   EXPECT_EQ(PermissionsOf(R"(C:\target)"), perms{0604});
   std::filesystem::permissions(Host(R"(C:\new)"), perms{0440});
   EXPECT_EQ(Copy(R"(C:\new)", R"(C:\copy)"), 0);
