@@ -11,25 +11,31 @@
 
 namespace turfdesk {
 
-/// The text in the form that is equal for texts that differ only in case: Unicode case folding of composed (NFC) text.
-/// Bytes that are no UTF-8 stay as they are.
+/// The text (UTF-8) in lower case, equal for two texts exactly when Windows' file systems and registry take them for
+/// one name, as CompareStringOrdinal does: letter by letter, so that "Straße" is not "Strasse", nor a letter with an
+/// accent the same letter followed by one. Bytes that are no UTF-8 stay as they are.
 std::string FoldCase(std::string_view text);
 
-/// Do the two texts differ in nothing but case?
+/// Are the two texts one name to Windows?
 bool EqualsIgnoringCase(std::string_view left, std::string_view right);
 
-/// Sorts by the names of the items (UTF-8) without regard to case, and names that differ in nothing else by their
-/// bytes.
-template <class Item, class NameOf> void SortIgnoringCase(std::vector<Item> &items, const NameOf &nameOf) {
-  // Folded once each, and not at every comparison.
-  std::vector<std::pair<std::string, Item>> folded;
-  folded.reserve(items.size());
+/// Sorts by a key made of each item's name (UTF-8), and items whose keys are equal by the bytes of their names.
+template <class Item, class NameOf, class KeyOf>
+void SortByKey(std::vector<Item> &items, const NameOf &nameOf, const KeyOf &keyOf) {
+  // Each key is made once, and not at every comparison.
+  std::vector<std::pair<std::string, Item>> keyed;
+  keyed.reserve(items.size());
   for (Item &item : items)
-    folded.emplace_back(FoldCase(nameOf(item)), std::move(item));
-  std::sort(folded.begin(), folded.end(), [&nameOf](const auto &left, const auto &right) {
+    keyed.emplace_back(keyOf(nameOf(item)), std::move(item));
+  std::sort(keyed.begin(), keyed.end(), [&nameOf](const auto &left, const auto &right) {
     return left.first != right.first ? left.first < right.first : nameOf(left.second) < nameOf(right.second);
   });
-  std::transform(folded.begin(), folded.end(), items.begin(), [](auto &pair) { return std::move(pair.second); });
+  std::transform(keyed.begin(), keyed.end(), items.begin(), [](auto &pair) { return std::move(pair.second); });
+}
+
+/// Sorts by the names of the items without regard to case.
+template <class Item, class NameOf> void SortIgnoringCase(std::vector<Item> &items, const NameOf &nameOf) {
+  SortByKey(items, nameOf, FoldCase);
 }
 
 } // namespace turfdesk

@@ -111,4 +111,36 @@ TEST_F(ManageCommandsTest, ClearStatisticsDeletesTheGamesFile) {
   EXPECT_FALSE(Exists(file));
 }
 
+TEST_F(TurfctlTest, LettersThatWindowsTellsApartMakeOtherFilesAndFolders) {
+  const samples::CourseSpec first{.name = "First"};
+  const samples::CourseSpec second{.name = "Second"};
+  const std::pair<std::string, std::string> pairs[] = {
+      {"Straße", "Strasse"}, {"oﬃce", "office"}, {"\u212A", "k"}, {"\u00E9", "e\u0301"}, {"ς", "σ"}};
+  for (const auto &[one, other] : pairs) {
+    const auto exists = [this](const std::string &name) { return std::filesystem::exists(Host(name)); };
+    samples::WriteCourse(Host("In/" + one + ".hlc"), first);
+    samples::WriteCourse(Host("To/" + other + ".hlc"), second);
+    ASSERT_EQ(Run("--yes install 'C:\\In\\" + one + ".hlc' 'C:\\To\\" + other + ".hlc'").status, 0);
+    EXPECT_EQ(Run("--yes move First --to 'C:\\To'").status, 0);
+    EXPECT_TRUE(exists("To/" + one + ".hlc") && exists("To/" + other + ".hlc")) << one;
+    EXPECT_EQ(Run("--yes uninstall Second").status, 0);
+    EXPECT_TRUE(exists("To/" + one + ".hlc") && !exists("To/" + other + ".hlc")) << one;
+    EXPECT_EQ(Run("--yes uninstall First").status, 0);
+
+    samples::WriteCourse(Host(one + "/Elm.hlc"), first);
+    std::filesystem::create_directories(Host(other));
+    EXPECT_EQ(Run("--yes install 'C:\\" + one + "\\Elm.hlc' --to 'C:\\" + other + "'").status, 0);
+    EXPECT_TRUE(exists(other + "/Elm.hlc")) << one;
+    EXPECT_EQ(Run("--yes uninstall First").status, 0);
+
+    samples::WritePackage(Host("in.hlz"), {{"Elm.hlc", samples::CourseBytes(elm)},
+                                           {one + ".hlb", samples::LibraryBytes(grass)},
+                                           {other + ".hlb", samples::LibraryBytes(trees)}});
+    std::filesystem::create_directories(Host("Golf"));
+    EXPECT_EQ(Run("--no install 'C:\\in.hlz' --to 'C:\\Golf'").status, 0) << one;
+    EXPECT_TRUE(exists("Golf/" + one + ".hlb") && exists("Golf/" + other + ".hlb")) << one;
+    EXPECT_EQ(Run("--yes uninstall 'Old Elm'").status, 0);
+  }
+}
+
 } // namespace turfdesk

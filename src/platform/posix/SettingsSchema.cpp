@@ -3,15 +3,21 @@
 
 #include "platform/posix/SettingsSchema.h"
 
+#include "platform/CaseFold.h"
+
 #include <array>
+#include <map>
+#include <set>
 #include <unordered_map>
+#include <utility>
 
 namespace turfdesk {
 
 namespace {
 
-// A later version that changes the tables raises the number.
-constexpr std::int64_t schemaVersion = 1;
+// A later version that changes the tables, or the rule by which names are folded, raises the number. The first version
+// took more letters for the same than Windows does.
+constexpr std::int64_t schemaVersion = 2;
 
 // Both tables, in the order of their names. A row is found by what it is looked up by, and read back in the order that
 // the tree in memory keeps. There is no other index: the tree in memory answers all lookups, and each index would cost
@@ -38,16 +44,101 @@ constexpr std::int64_t greatestId = std::int64_t{1} << 48;
 
 [[noreturn]] void FailAsDamaged(const SqliteConnection &connection) { connection.Fail(SQLITE_CORRUPT); }
 
+void WriteVersion(SqliteConnection &connection) {
+  connection.Execute(("PRAGMA user_version=" + std::to_string(schemaVersion)).c_str());
+}
+
 void CreateStore(const std::string &path) {
   { const Descriptor empty = OpenAfresh(path); }
   SqliteConnection connection(path, std::chrono::milliseconds(0));
   // Nobody sees the file before it is renamed, so it needs no journal, which a crash would leave lying about.
   connection.QueryText("PRAGMA journal_mode=OFF");
   SqliteTransaction transaction(connection, "BEGIN");
-  connection.Execute(("PRAGMA user_version=" + std::to_string(schemaVersion)).c_str());
+  WriteVersion(connection);
   for (const char *table : tables)
     connection.Execute(table);
   transaction.Commit();
+}
+
+std::int64_t VersionOf(SqliteConnection &connection) {
+  SqliteStatement version(connection, "PRAGMA user_version");
+  return version.Step() ? version.Integer(0) : 0;
+}
+
+/// Where a row stands: the key that it belongs to, and its folded name.
+using RowPlace = std::pair<std::int64_t, std::string>;
+
+struct RowName {
+  std::string folded;
+  std::string name;
+};
+
+/// The rows whose names an earlier version has folded otherwise than FoldCase does, with the names that they are to
+/// have. Where two names have become one, the second gets a number, so that nothing goes.
+class Refolding {
+public:
+  /// names selects the keys, folded names and names of all rows of a table.
+  Refolding(SqliteConnection &connection, const char *names) {
+    if (VersionOf(connection) >= schemaVersion)
+      return;
+    std::map<RowPlace, std::string> misplaced;
+    std::set<RowPlace> taken;
+    SqliteStatement rows(connection, names);
+    while (rows.Step()) {
+      RowPlace place(rows.Integer(0), rows.Text(1));
+      if (FoldCase(rows.Text(2)) == place.second)
+        taken.insert(std::move(place));
+      else
+        misplaced.emplace(std::move(place), rows.Text(2));
+    }
+    for (const auto &[place, name] : misplaced)
+      mRows.emplace(place, FreeName(taken, place.first, name));
+  }
+
+  /// The new name of a row; nullptr when the row keeps its own.
+  const RowName *Find(std::int64_t key, std::string_view folded) const {
+    if (mRows.empty())
+      return nullptr;
+    const auto found = mRows.find(RowPlace(key, folded));
+    return found != mRows.end() ? &found->second : nullptr;
+  }
+
+  /// update sets a row's folded name and name, and takes the key and the folded name that it stands at.
+  void Write(SqliteConnection &connection, const char *update) const {
+    SqliteStatement statement(connection, update);
+    const auto rename = [&statement](const RowPlace &place, const RowName &row) {
+      statement.Bind(1, row.folded).Bind(2, row.name).Bind(3, place.first).Bind(4, place.second).Run();
+    };
+    // By way of names that nothing else has, since one row's new name may be another's old one.
+    std::int64_t number = 0;
+    for (const auto &[place, row] : mRows)
+      rename(place, {Unused(++number), row.name});
+    number = 0;
+    for (const auto &[place, row] : mRows)
+      rename({place.first, Unused(++number)}, row);
+  }
+
+private:
+  static std::string Unused(std::int64_t number) { return "\x01" + std::to_string(number); }
+
+  static RowName FreeName(std::set<RowPlace> &taken, std::int64_t key, const std::string &name) {
+    RowName row{FoldCase(name), name};
+    for (int number = 2; !taken.emplace(key, row.folded).second; ++number) {
+      row.name = name + " (" + std::to_string(number) + ")";
+      row.folded = FoldCase(row.name);
+    }
+    return row;
+  }
+
+  std::map<RowPlace, RowName> mRows;
+};
+
+Refolding RefoldingOfKeys(SqliteConnection &connection) {
+  return Refolding(connection, "SELECT parent, folded, name FROM keys");
+}
+
+Refolding RefoldingOfValues(SqliteConnection &connection) {
+  return Refolding(connection, "SELECT key, folded, name FROM entries");
 }
 
 bool HasOurTables(SqliteConnection &connection) {
@@ -73,6 +164,7 @@ bool ReadValue(SqliteStatement &row, SettingsValue &value) {
 using ValuesOfKeys = std::unordered_map<std::int64_t, PackedValues>;
 
 ValuesOfKeys LoadValues(SqliteConnection &connection) {
+  const Refolding refolding = RefoldingOfValues(connection);
   ValuesOfKeys valuesOfKeys;
   SqliteStatement rows(connection, "SELECT key, folded, type, data FROM entries ORDER BY key, folded");
   std::int64_t id = 0;
@@ -85,7 +177,8 @@ ValuesOfKeys LoadValues(SqliteConnection &connection) {
     SettingsValue value;
     if (!ReadValue(rows, value))
       FailAsDamaged(connection);
-    values->Append(rows.Text(1), value);
+    const RowName *renamed = refolding.Find(id, rows.Text(1));
+    values->Append(renamed ? renamed->folded : rows.Text(1), value);
   }
   return valuesOfKeys;
 }
@@ -113,6 +206,7 @@ private:
 };
 
 void LoadKeys(SqliteConnection &connection, SettingsTree &tree, ValueGiver &valueGiver) {
+  const Refolding refolding = RefoldingOfKeys(connection);
   // A key's id is greater than its parent's, so each parent comes before its subkeys.
   SqliteStatement rows(connection, "SELECT parent, folded, name, id FROM keys ORDER BY parent, folded");
   SettingsKey *parent = nullptr;
@@ -121,7 +215,10 @@ void LoadKeys(SqliteConnection &connection, SettingsTree &tree, ValueGiver &valu
       parent = tree.FindId(rows.Integer(0));
     const std::int64_t id = rows.Integer(3);
     const bool isSound = parent && id > parent->id && id <= greatestId;
-    SettingsKey *key = isSound ? tree.Insert(*parent, id, rows.Text(2), rows.Text(1)) : nullptr;
+    const RowName *renamed = refolding.Find(rows.Integer(0), rows.Text(1));
+    const std::string_view name = renamed ? renamed->name : rows.Text(2);
+    const std::string_view folded = renamed ? renamed->folded : rows.Text(1);
+    SettingsKey *key = isSound ? tree.Insert(*parent, id, name, folded) : nullptr;
     if (!key)
       FailAsDamaged(connection);
     valueGiver.GiveTo(*key);
@@ -154,12 +251,21 @@ void UseDurableJournal(SqliteConnection &connection) {
 }
 
 void CheckStore(SqliteConnection &connection) {
-  SqliteStatement version(connection, "PRAGMA user_version");
-  if (version.Step() && version.Integer(0) > schemaVersion)
+  if (VersionOf(connection) > schemaVersion)
     throw RuntimeError(ErrorNumber::PathFileAccess,
                        "The settings file was written by a later version of this program.");
   if (!HasOurTables(connection) || connection.QueryText("PRAGMA quick_check(1)") != "ok")
     FailAsDamaged(connection);
+}
+
+bool BringUpToDate(SqliteConnection &connection) {
+  if (VersionOf(connection) >= schemaVersion)
+    return false;
+  RefoldingOfKeys(connection).Write(connection, "UPDATE keys SET folded = ?, name = ? WHERE parent = ? AND folded = ?");
+  RefoldingOfValues(connection)
+      .Write(connection, "UPDATE entries SET folded = ?, name = ? WHERE key = ? AND folded = ?");
+  WriteVersion(connection);
+  return true;
 }
 
 SettingsTree LoadTree(SqliteConnection &connection) {

@@ -21,7 +21,12 @@ void UseDurableJournal(SqliteConnection &connection);
 /// when a later version of the program has written it. To be called within a transaction.
 void CheckStore(SqliteConnection &connection);
 
-/// Reads the whole tree. Throws DamagedSettings when its rows make none. To be called within a transaction.
+/// Makes the store of an earlier version one of this version, and loses nothing of it. False when there was nothing to
+/// do; else what was read before is out of date. To be called within a transaction that writes.
+bool BringUpToDate(SqliteConnection &connection);
+
+/// Reads the whole tree, also of an earlier version. Throws DamagedSettings when its rows make none. To be called
+/// within a transaction.
 SettingsTree LoadTree(SqliteConnection &connection);
 
 /// Opens, checks and loads a store that nobody else replaces meanwhile, for those who want to know whether it is sound.

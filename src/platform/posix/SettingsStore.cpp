@@ -318,7 +318,7 @@ void SettingsStore::Transact(const std::function<void()> &work, Outcome outcome)
 bool SettingsStore::TryTransact(const std::function<void()> &work, Outcome outcome, OnFailedCommit onFailedCommit) {
   SqliteConnection &connection = mSession->connection;
   SqliteTransaction transaction(connection, "BEGIN IMMEDIATE");
-  if (mSession->header.ChangeCounter() != mChangeCounter)
+  if (BringUpToDate(connection) || mSession->header.ChangeCounter() != mChangeCounter)
     ReadTree(*mSession);
   // Until the commit has succeeded the tree in memory may hold what the file will not.
   const auto counter = static_cast<std::uint32_t>(std::exchange(mChangeCounter, noCounter));

@@ -161,7 +161,7 @@ TEST(SettingsRepair, AnEmptyFileWithoutAGoodCopyIsANewStore) {
 }
 
 TEST_F(SettingsRepairTest, LeavesAloneWhatIsNotDamaged) {
-  RunSql(mStore, "PRAGMA user_version=2");
+  RunSql(mStore, "PRAGMA user_version=3");
   EXPECT_NE(Restart().find("later version"), std::string::npos);
   std::filesystem::remove(mStore);
   std::filesystem::create_directory(mStore);

@@ -47,6 +47,43 @@ TEST_F(SettingsSharingTest, TextsAreKeptByteByByte) {
   }
 }
 
+TEST(SettingsVersions, TheFirstIsReadAsItIsAndTakenOverByTheFirstWrite) {
+  const TemporaryHome home;
+  const std::string storePath = home.Paths().store;
+  const RegistryRoot root = RegistryRoot::LocalMachine;
+  {
+    SettingsStore store(home.Path());
+    store.CreateKey(root, "Maße\\Sub");
+    store.CreateKey(root, "\u00C9\xFF");
+    store.SetValue(root, "Maße", "Größe", {SettingsType::Text, 0, "old"});
+  }
+  // It took ß for ss, and told the case of no letter apart in a name that is no UTF-8.
+  RunSql(storePath,
+         "UPDATE keys SET folded = 'masse' WHERE name = 'Maße'; UPDATE entries SET folded = 'grösse';"
+         "UPDATE keys SET folded = name WHERE name = CAST(x'C389FF' AS TEXT);"
+         "INSERT INTO keys SELECT 1, CAST(x'C3A9FF' AS TEXT), CAST(x'C3A9FF' AS TEXT), max(id) + 1 FROM keys;"
+         "PRAGMA user_version = 1");
+  const std::string before = ContentOf(storePath);
+  {
+    SettingsStore store(home.Path());
+    ASSERT_NE(store.Find(root, "MAßE\\sub"), nullptr);
+    EXPECT_EQ(store.Find(root, "MAßE")->FindValue("GRÖßE")->text, "old");
+    EXPECT_EQ(store.Find(root, "Masse"), nullptr);
+    EXPECT_EQ(ContentOf(storePath), before) << "who only reads, writes nothing";
+    store.CreateKey(root, "Masse");
+    EXPECT_TRUE(store.SetValue(root, "maße", "größe", {SettingsType::Text, 0, "new"}));
+  }
+  SettingsStore store(home.Path());
+  for (const char *key : {"Masse", "Maße\\Sub", "\u00E9\xFF", "\u00E9\xFF (2)"})
+    EXPECT_NE(store.Find(root, key), nullptr) << key;
+  EXPECT_EQ(store.ReadBranches(std::array{RegistryBranch{root, "Maße"}}).front().values.size(), 1U);
+  EXPECT_EQ(store.DeleteKey(root, "Maße\\Sub"), SettingsStore::Deletion::Done);
+  EXPECT_EQ(store.DeleteKey(root, "Maße"), SettingsStore::Deletion::Done);
+  SettingsStore again(home.Path());
+  EXPECT_EQ(again.Find(root, "Maße"), nullptr);
+  EXPECT_NE(again.Find(root, "Masse"), nullptr);
+}
+
 TEST_F(SettingsSharingTest, ProgramsThatStartAndWriteAtOnceLoseNothing) {
   constexpr int keysEach = 25;
   const TemporaryHome home;
