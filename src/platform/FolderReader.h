@@ -9,8 +9,8 @@
 
 namespace turfdesk {
 
-/// What the drive, directory and file lists show. Names are UTF-8, sorted without regard to case; names that no
-/// Windows path can express are left out.
+/// What the drive, directory and file lists show. Names are UTF-8, sorted as people do (NameOrder.h); names
+/// that no Windows path can express are left out.
 class FolderReader {
 public:
   FolderReader() = default;

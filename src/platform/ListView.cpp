@@ -3,7 +3,7 @@
 
 #include "platform/ListView.h"
 
-#include "platform/CaseFold.h"
+#include "platform/NameOrder.h"
 #include "platform/RuntimeError.h"
 
 #include <algorithm>
@@ -32,7 +32,7 @@ void Row::SetText(std::string_view text) {
   // The row is still found by its old place, so that place is looked up before the text changes.
   const std::size_t from = mList.KeepsOrder() ? mList.IndexOf(*this) : 0;
   mText = text;
-  mFoldedText = FoldCase(text);
+  mOrder = NameOrder(text);
   if (mList.KeepsOrder())
     mList.PlaceAgain(from);
   mList.TellChanged(*this);
@@ -66,7 +66,7 @@ void Row::SetChecked(bool checked) {
 }
 
 bool ListView::StandsBefore(const Row &left, const Row &right) {
-  const int byText = left.mFoldedText.compare(right.mFoldedText);
+  const int byText = left.mOrder.compare(right.mOrder);
   return byText != 0 ? byText < 0 : left.mKey < right.mKey;
 }
 
@@ -77,7 +77,7 @@ Row &ListView::Add(std::string_view key, std::string_view text) {
   if (!key.empty() && !mByKey.emplace(row.mKey, &row).second)
     throw RuntimeError(ErrorNumber::KeyNotUnique);
   row.mText = text;
-  row.mFoldedText = FoldCase(text);
+  row.mOrder = NameOrder(text);
 
   const std::size_t index = KeepsOrder() ? SortedPlace(row) : mRows.size();
   if (Observed())

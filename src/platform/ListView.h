@@ -43,7 +43,7 @@ private:
   std::string mKey;
   std::string mTag;
   std::string mText;
-  std::string mFoldedText;
+  std::string mOrder;
   std::vector<std::string> mSubItems;
   bool mChecked = false;
 };
@@ -101,7 +101,7 @@ public:
   /// Null takes the selection away.
   void Select(Row *row);
 
-  /// Sorts by Text without regard to case, ties by Key, now and from now on.
+  /// Sorts by Text as people do (NameOrder.h), ties by Key, now and from now on.
   void SetSorted(bool sorted);
   bool Sorted() const { return mSorted; }
 

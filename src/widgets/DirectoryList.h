@@ -4,6 +4,7 @@
 #pragma once
 
 #include "platform/FolderReader.h"
+#include "widgets/TypeAhead.h"
 
 #include <QListWidget>
 
@@ -32,6 +33,8 @@ public:
   /// The folder of the highlighted entry, be it open or not; with none highlighted, the open folder.
   std::string HighlightedPath() const;
 
+  void keyboardSearch(const QString &typed) override { mTypeAhead.Search(*this, typed); }
+
 signals:
   /// Another folder is open.
   void Change();
@@ -49,6 +52,7 @@ private:
 
   FolderReader *mFolders = nullptr;
   std::string mPath;
+  TypeAhead mTypeAhead;
 };
 
 } // namespace turfdesk

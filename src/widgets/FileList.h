@@ -4,6 +4,7 @@
 #pragma once
 
 #include "platform/FolderReader.h"
+#include "widgets/TypeAhead.h"
 
 #include <QListWidget>
 
@@ -34,6 +35,8 @@ public:
   bool Selected(int index) const;
   void SetSelected(int index, bool selected);
 
+  void keyboardSearch(const QString &typed) override { mTypeAhead.Search(*this, typed); }
+
 protected:
   bool viewportEvent(QEvent *event) override;
 
@@ -41,6 +44,7 @@ private:
   FolderReader *mFolders = nullptr;
   std::string mPattern = "*";
   std::string mPath;
+  TypeAhead mTypeAhead;
 };
 
 } // namespace turfdesk

@@ -3,12 +3,12 @@
 
 #include "widgets/NameList.h"
 
-#include "platform/CaseFold.h"
+#include "platform/NameOrder.h"
 #include "widgets/ItemToolTips.h"
 #include "widgets/QtText.h"
 #include "widgets/RowDelegate.h"
 
-#include <algorithm>
+#include <functional>
 
 namespace turfdesk {
 
@@ -20,7 +20,7 @@ NameList::NameList(QWidget *parent) : QListWidget(parent) {
 
 void NameList::SetNames(std::vector<std::string> names) {
   clear();
-  std::ranges::stable_sort(names, {}, FoldCase);
+  SortForPeople(names, std::identity());
   for (const std::string &name : names)
     addItem(OneLine(name));
 }

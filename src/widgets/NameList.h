@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "widgets/TypeAhead.h"
+
 #include <QListWidget>
 
 #include <string>
@@ -10,7 +12,7 @@
 
 namespace turfdesk {
 
-/// Lists names, sorted without regard to case. There is nothing to do with them but to read them.
+/// Lists names, sorted as people do. There is nothing to do with them but to read them.
 class NameList final : public QListWidget {
   Q_OBJECT
 
@@ -20,8 +22,13 @@ public:
   /// Shows these names, UTF-8, and no others. Equal and empty ones have their lines, too.
   void SetNames(std::vector<std::string> names);
 
+  void keyboardSearch(const QString &typed) override { mTypeAhead.Search(*this, typed); }
+
 protected:
   bool viewportEvent(QEvent *event) override;
+
+private:
+  TypeAhead mTypeAhead;
 };
 
 } // namespace turfdesk

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "platform/ListView.h"
+#include "widgets/TypeAhead.h"
 
 #include <QPersistentModelIndex>
 #include <QStringList>
@@ -27,6 +28,8 @@ public:
   void ShowColumns();
   /// Shows the rows of a list, which must outlive the control.
   void SetList(ListView &list, const QStringList &columnTitles);
+
+  void keyboardSearch(const QString &typed) override { mTypeAhead.Search(*this, typed); }
 
 signals:
   void GotFocus();
@@ -59,6 +62,7 @@ private:
   bool mShowsColumns = false;
   /// The row selected last: where the keyboard goes on when it comes back to the list.
   QPersistentModelIndex mPlace;
+  TypeAhead mTypeAhead;
 };
 
 } // namespace turfdesk

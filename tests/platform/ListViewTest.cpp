@@ -4,6 +4,7 @@
 #include "platform/ListView.h"
 
 #include "platform/CaseFold.h"
+#include "platform/NameOrder.h"
 #include "platform/RuntimeError.h"
 
 #include <gtest/gtest.h>
@@ -105,13 +106,13 @@ TEST(ListViewTest, FindItemMatchesTheBeginningOfTheTagInRowOrder) {
   EXPECT_EQ(list.FindItem("{tag-z}"), nullptr);
 }
 
-TEST(ListViewTest, SortsIgnoringCaseWithTiesByKeyAndKeepsOrderThroughChanges) {
+TEST(ListViewTest, SortsAsPeopleDoWithTiesByKeyAndKeepsOrderThroughChanges) {
   ListView list;
   for (const auto &[key, text] : {std::pair{"3", "pine"}, {"2", "Pine"}, {"1", "öl"}, {"4", "ÖK"}, {"5", "Ash"}})
     list.Add(key, text);
   Mirror mirror(list);
   list.SetSorted(true);
-  EXPECT_EQ(Texts(list), "Ash,Pine,pine,ÖK,öl");
+  EXPECT_EQ(Texts(list), "Ash,ÖK,öl,pine,Pine");
 
   Row &pine = *list.FindKey("3");
   list.Add("6", "oak");
@@ -119,7 +120,7 @@ TEST(ListViewTest, SortsIgnoringCaseWithTiesByKeyAndKeepsOrderThroughChanges) {
   list.FindKey("4")->SetText("aspen");
   list.RemoveByKey("5");
   list.FindKey("6")->SetText("OAK");
-  EXPECT_EQ(Texts(list), "aspen,OAK,Pine,Zelkova,öl");
+  EXPECT_EQ(Texts(list), "aspen,OAK,öl,Pine,Zelkova");
   EXPECT_EQ(mirror.Joined(), Texts(list));
   EXPECT_EQ(&pine, list.FindKey("3")) << "rows keep their address";
 }
@@ -180,6 +181,18 @@ TEST(CaseFoldTest, TakesForOneNameWhatWindowsDoes) {
   for (const auto &[left, right] : different)
     EXPECT_FALSE(EqualsIgnoringCase(left, right)) << left;
   EXPECT_EQ(FoldCase("A\xFF\x80Ö\xC3"), "a\xFF\x80ö\xC3");
+}
+
+TEST(NameOrderTest, BaseLettersThenAccentsThenCase) {
+  std::vector<std::string> names = {"Zürich", "résumé",  "Resume",  "öl",     "\xFFx", "Ørsted", "Resumé",
+                                    "Ähre",   "oak",     "resumes", "resume", "Ahorn", "Ærø",    "RESUME",
+                                    "Straße", "Strasse", "Oslo",    "Ж",      "a b",   "Łódź",   "lob"};
+  SortForPeople(names, std::identity());
+  std::string joined;
+  for (const std::string &name : names)
+    joined += name + ",";
+  EXPECT_EQ(joined, "a b,Ærø,Ahorn,Ähre,lob,Łódź,oak,öl,Ørsted,Oslo,resume,Resume,RESUME,Resumé,résumé,resumes,"
+                    "Strasse,Straße,Zürich,Ж,\xFFx,");
 }
 
 } // namespace turfdesk

@@ -3,7 +3,7 @@
 
 #include "platform/posix/PosixFolderReader.h"
 
-#include "platform/CaseFold.h"
+#include "platform/NameOrder.h"
 #include "platform/NamePatterns.h"
 #include "platform/WindowsNames.h"
 #include "platform/posix/FolderEntries.h"
@@ -54,7 +54,7 @@ std::vector<std::string> PosixFolderReader::Names(std::string_view folder, mode_
   });
   if (error != 0)
     ThrowListError(error);
-  SortIgnoringCase(names, std::identity());
+  SortForPeople(names, std::identity());
   return names;
 }
 

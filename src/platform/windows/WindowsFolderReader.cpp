@@ -3,7 +3,7 @@
 
 #include "platform/windows/WindowsFolderReader.h"
 
-#include "platform/CaseFold.h"
+#include "platform/NameOrder.h"
 #include "platform/NamePatterns.h"
 #include "platform/WindowsNames.h"
 #include "platform/windows/FolderEntries.h"
@@ -58,7 +58,7 @@ template <class Accept> std::vector<std::string> Names(std::string_view folder, 
     });
   if (error != 0)
     ThrowListError(error);
-  SortIgnoringCase(names, std::identity());
+  SortForPeople(names, std::identity());
   return names;
 }
 
