@@ -5,6 +5,7 @@
 
 #include "catalogue/Catalogue.h"
 #include "catalogue/CatalogueRows.h"
+#include "platform/ShownText.h"
 #include "support/Prompts.h"
 #include "support/StringTable.h"
 #include "support/basVorinString.h"
@@ -57,7 +58,7 @@ std::int32_t ListLibrariesInCourse(SharedState &state, const Row &course, ListVi
 
 bool AskAboutOrphan(SharedState &state, std::string_view libraryKey, std::string_view question) {
   return AskYesNo(state, LoadResString(StringId::CourseAloneUsesLibrary) + Newlines(2) +
-                             GetLibraryName(state, libraryKey) + Newlines(2) + std::string(question));
+                             AsOneLine(GetLibraryName(state, libraryKey)) + Newlines(2) + std::string(question));
 }
 
 } // namespace turfdesk

@@ -6,6 +6,7 @@
 #include "catalogue/LoadLists.h"
 #include "platform/CaseFold.h"
 #include "platform/RuntimeError.h"
+#include "platform/ShownText.h"
 #include "support/Prompts.h"
 #include "support/basVorinFile.h"
 #include "support/basVorinString.h"
@@ -31,7 +32,7 @@ std::vector<Row *> RowsNamed(const ListView &list, const std::string &name) {
 } // namespace
 
 void ShowPathError(SharedState &state, const std::string &path, const std::string &words) {
-  ShowError(state, path + Newlines(2) + words);
+  ShowError(state, AsOneLine(path) + Newlines(2) + words);
 }
 
 std::string TakePath(SharedState &state, const std::string &given) {
@@ -61,7 +62,7 @@ Row *FindByKeyOrName(CommandContext &context, const ListView &list, const std::s
   if (rows.size() == 1)
     return rows.front();
   std::string text = rows.empty() ? "No " + what + " has this key or name." : "Several have this name. Give the key.";
-  text += Newlines(2) + name;
+  text += Newlines(2) + AsOneLine(name);
   for (const Row *row : rows)
     text += Newlines(1) + row->Key();
   ShowError(context.state, text);

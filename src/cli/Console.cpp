@@ -4,6 +4,7 @@
 #include "cli/Console.h"
 
 #include "platform/CaseFold.h"
+#include "platform/ShownText.h"
 #include "support/basVorinString.h"
 
 #include <algorithm>
@@ -88,13 +89,11 @@ void ConsoleScreen::DoEvents() {
   mShownRoute = route;
   mTranscript.steps.push_back({file, route});
   if (mSteps != nullptr)
-    *mSteps << file << ": " << route << std::endl;
+    *mSteps << ConsoleLine(file) << ": " << ConsoleLine(route) << std::endl;
 }
 
-std::string ConsoleText(std::string_view text) {
-  std::string plain(text);
-  std::erase(plain, '\r');
-  return plain;
-}
+std::string ConsoleText(std::string_view message) { return WithEscapes(message); }
+
+std::string ConsoleLine(std::string_view text) { return WithEscapes(AsOneLine(text)); }
 
 } // namespace turfdesk

@@ -89,7 +89,10 @@ private:
   std::string mShownRoute;
 };
 
-/// The text with plain line breaks, as a console wants them.
-std::string ConsoleText(std::string_view text);
+/// A message as a console may show it (ShownText.h).
+std::string ConsoleText(std::string_view message);
+
+/// A name, a path or a label, which may be of strangers, as one line.
+std::string ConsoleLine(std::string_view text);
 
 } // namespace turfdesk

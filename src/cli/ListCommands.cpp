@@ -41,20 +41,20 @@ void PrintList(std::ostream &out, const char *title, const ListView &list) {
   out << title << " (" << list.Count() << ")\n";
   for (std::size_t i = 0; i < list.Count(); ++i) {
     const Row &row = list.At(i);
-    out << "  " << row.Text() << "\n      " << row.Key() << "  " << FormatKB(row.SubItems(column::Size)) << "\n      "
-        << row.SubItems(column::Filename) << "\n";
+    out << "  " << ConsoleLine(row.Text()) << "\n      " << ConsoleLine(row.Key()) << "  "
+        << FormatKB(row.SubItems(column::Size)) << "\n      " << ConsoleLine(row.SubItems(column::Filename)) << "\n";
   }
 }
 
 void PrintFields(std::ostream &out, const Json &fields) {
   for (const auto &[name, value] : fields.items()) {
     if (!value.is_array()) {
-      out << name << ": " << (value.is_string() ? value.get<std::string>() : value.dump()) << "\n";
+      out << name << ": " << (value.is_string() ? ConsoleLine(value.get<std::string>()) : value.dump()) << "\n";
       continue;
     }
     out << name << ":\n";
     for (const auto &entry : value)
-      out << "  " << entry.get<std::string>() << "\n";
+      out << "  " << ConsoleLine(entry.get<std::string>()) << "\n";
   }
 }
 

@@ -3,6 +3,7 @@
 
 #include "cli/Commands.h"
 #include "cli/Json.h"
+#include "platform/ShownText.h"
 
 namespace turfdesk {
 
@@ -10,7 +11,7 @@ ExitStatus ReportOperation(CommandContext &context, bool result, const std::stri
   if (context.json)
     context.out << OperationJson(context.transcript, result, verdict) << "\n";
   else if (!verdict.empty())
-    context.out << verdict << "\n";
+    context.out << ConsoleLine(verdict) << "\n";
   return result ? ExitStatus::Done : ExitStatus::Failed;
 }
 
@@ -21,8 +22,10 @@ std::string OperationJson(const Transcript &transcript, bool result, const std::
 Json OperationObject(const Transcript &transcript, bool result, const std::string &verdict) {
   Json messages = Json::array();
   for (const auto &message : transcript.messages)
-    messages.push_back(
-        {{"kind", message.kind}, {"title", message.title}, {"text", message.text}, {"answer", message.answer}});
+    messages.push_back({{"kind", message.kind},
+                        {"title", message.title},
+                        {"text", WithoutMarks(message.text)},
+                        {"answer", message.answer}});
   Json steps = Json::array();
   for (const auto &step : transcript.steps)
     steps.push_back({{"file", step.file}, {"route", step.route}});

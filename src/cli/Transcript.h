@@ -16,6 +16,7 @@ struct Transcript {
     /// "question", "error", "info" or "box".
     std::string kind;
     std::string title;
+    /// With the marks of ShownText.h.
     std::string text;
     /// "yes", "no", "ok" or "cancel".
     std::string answer;

@@ -7,6 +7,7 @@
 #include "catalogue/BaseValues.h"
 #include "catalogue/Catalogue.h"
 #include "platform/CaseFold.h"
+#include "platform/ShownText.h"
 #include "support/ErrorHandling.h"
 #include "support/basVorinRegistry.h"
 
@@ -20,7 +21,7 @@ void Print(CommandContext &context, const Json &answer, const std::string &text)
   if (context.json)
     context.out << DumpJson(answer) << "\n";
   else
-    context.out << text;
+    context.out << ConsoleText(text);
 }
 
 const BaseValue *FindBaseValue(CommandContext &context, const std::string &name) {
@@ -28,7 +29,7 @@ const BaseValue *FindBaseValue(CommandContext &context, const std::string &name)
                                    [&name](const BaseValue &value) { return EqualsIgnoringCase(value.name, name); });
   if (found != BaseValues.end())
     return found;
-  ShowError(context.state, "There is no setting of this name." + Newlines(2) + name);
+  ShowError(context.state, "There is no setting of this name." + Newlines(2) + AsOneLine(name));
   return nullptr;
 }
 
@@ -55,7 +56,7 @@ ExitStatus ListSettings(CommandContext &context) {
     for (const BaseValue &value : BaseValues) {
       const std::string content = ReadBaseValue(context.state, value);
       answer[std::string(value.name)] = content;
-      text += std::string(value.name) + "=" + content + "\n";
+      text += std::string(value.name) + "=" + AsOneLine(content) + "\n";
     }
   });
   if (!read)
@@ -69,7 +70,7 @@ ExitStatus GetSetting(CommandContext &context, const std::string &name) {
   std::string content;
   if (value == nullptr || !Guarded(context.state, "", [&] { content = ReadBaseValue(context.state, *value); }))
     return ReportOperation(context, false, "");
-  Print(context, {{"name", value->name}, {"value", content}}, content + "\n");
+  Print(context, {{"name", value->name}, {"value", content}}, AsOneLine(content) + "\n");
   return ExitStatus::Done;
 }
 
@@ -87,11 +88,12 @@ ExitStatus GetTreeValue(CommandContext &context, const std::string &key, const s
     found = RegistryValueExists(context.state, LocalMachine, key, name);
     content = GetRegistryValue(context.state, LocalMachine, key, name, "");
     if (!found)
-      ShowError(context.state, "There is no value of this name." + Newlines(2) + key + Newlines(1) + name);
+      ShowError(context.state,
+                "There is no value of this name." + Newlines(2) + AsOneLine(key) + Newlines(1) + AsOneLine(name));
   });
   if (!read || !found)
     return ReportOperation(context, false, "");
-  Print(context, {{"key", key}, {"name", name}, {"value", content}}, content + "\n");
+  Print(context, {{"key", key}, {"name", name}, {"value", content}}, AsOneLine(content) + "\n");
   return ExitStatus::Done;
 }
 
@@ -107,13 +109,13 @@ ExitStatus ListTreeKeys(CommandContext &context, const std::string &key) {
     found = RegistryKeyExists(context.state, LocalMachine, key);
     names = GetSubkeys(context.state, LocalMachine, key);
     if (!found)
-      ShowError(context.state, "There is no such key." + Newlines(2) + key);
+      ShowError(context.state, "There is no such key." + Newlines(2) + AsOneLine(key));
   });
   if (!read || !found)
     return ReportOperation(context, false, "");
   std::string text;
   for (const std::string &name : names)
-    text += name + "\n";
+    text += AsOneLine(name) + "\n";
   Print(context, {{"key", key}, {"keys", names}}, text);
   return ExitStatus::Done;
 }
@@ -122,7 +124,7 @@ ExitStatus DeleteTreeKey(CommandContext &context, const std::string &key) {
   return Operation(context, [&] {
     SharedState &state = context.state;
     if (!RegistryKeyExists(state, LocalMachine, key)) {
-      ShowError(state, "There is no such key." + Newlines(2) + key);
+      ShowError(state, "There is no such key." + Newlines(2) + AsOneLine(key));
       return false;
     }
     if (DeleteRegistryKey(state, LocalMachine, key))

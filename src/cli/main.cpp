@@ -4,6 +4,7 @@
 #include "shell/Main.h"
 #include "cli/Commands.h"
 #include "platform/CommandLine.h"
+#include "platform/ShownText.h"
 #include "platform/Terminal.h"
 #include "support/basVorinString.h"
 
@@ -227,8 +228,8 @@ ExitStatus Run(const GlobalOptions &options, const Command &command) {
 std::string UsageErrorWords(const CLI::App &app, const CLI::ParseError &error) {
   for (const std::string &argument : app.remaining())
     if (argument.starts_with('-') && argument != "--")
-      return "There is no option " + argument + ". A text that begins with a dash is put behind --.";
-  return error.what();
+      return "There is no option " + AsOneLine(argument) + ". A text that begins with a dash is put behind --.";
+  return AsOneLine(error.what());
 }
 
 /// Ends without a command: the user asked for help, or the arguments were wrong and have not been taken over.

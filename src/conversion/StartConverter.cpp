@@ -5,6 +5,7 @@
 
 #include "catalogue/BaseValues.h"
 #include "platform/RuntimeError.h"
+#include "platform/ShownText.h"
 #include "support/Prompts.h"
 #include "support/basVorinString.h"
 
@@ -23,7 +24,8 @@ std::uint32_t StartConverter(SharedState &state, const std::string &path, const 
   try {
     return state.platform.Programs().Shell(path, arguments, style);
   } catch (const RuntimeError &error) {
-    ShowError(state, "Unable to start the converter." + Newlines(2) + path + Newlines(2) + error.Description());
+    ShowError(state,
+              "Unable to start the converter." + Newlines(2) + AsOneLine(path) + Newlines(2) + error.Description());
     return 0;
   }
 }

@@ -8,6 +8,7 @@
 #include "content/CourseFile.h"
 #include "content/LibraryFile.h"
 #include "platform/RuntimeError.h"
+#include "platform/ShownText.h"
 #include "support/Prompts.h"
 #include "support/StringTable.h"
 #include "support/WorkInProgress.h"
@@ -83,11 +84,11 @@ Decision Decide(SharedState &state, const ContentKind &kind, const Content &cont
   const bool inPlace = route.destDir.empty();
   const bool targetExists = !inPlace && FileExists(state, route.target);
   if (installed && (inPlace || targetExists)) {
-    const bool replace = AskYesNo(state, LoadResString(kind.replaceQuestion) + Newlines(2) + route.target);
+    const bool replace = AskYesNo(state, LoadResString(kind.replaceQuestion) + Newlines(2) + AsOneLine(route.target));
     return replace ? Decision::Install : Decision::Decline;
   }
   if (!installed && targetExists) {
-    ShowError(state, LoadResString(kind.otherDirectory) + Newlines(2) + route.target);
+    ShowError(state, LoadResString(kind.otherDirectory) + Newlines(2) + AsOneLine(route.target));
     return Decision::Refuse;
   }
   return Decision::Install;
@@ -132,7 +133,7 @@ bool AcceptMissingLibraries(SharedState &state, const CourseFile &course) {
       continue;
     if (i >= names.size())
       throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
-    if (!AskYesNo(state, LoadResString(StringId::LibrariesNotFound) + Newlines(2) + names[i] + Newlines(3) +
+    if (!AskYesNo(state, LoadResString(StringId::LibrariesNotFound) + Newlines(2) + AsOneLine(names[i]) + Newlines(3) +
                              LoadResString(StringId::WishToContinue)))
       return false;
   }

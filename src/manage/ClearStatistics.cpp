@@ -5,6 +5,7 @@
 
 #include "catalogue/Selection.h"
 #include "catalogue/SideFiles.h"
+#include "platform/ShownText.h"
 #include "support/ErrorHandling.h"
 #include "support/Prompts.h"
 #include "support/StringTable.h"
@@ -17,7 +18,7 @@ namespace turfdesk {
 namespace {
 
 bool ClearStatisticsOf(SharedState &state, const Row &course) {
-  if (!AskYesNo(state, LoadResString(StringId::SureToClearStatistics) + Newlines(2) + course.Text()))
+  if (!AskYesNo(state, LoadResString(StringId::SureToClearStatistics) + Newlines(2) + AsOneLine(course.Text())))
     return false;
   const bool cleared = DeleteCourseStats(state, course.Tag());
   if (cleared)

@@ -8,6 +8,7 @@
 #include "catalogue/Dependencies.h"
 #include "manage/OrTellWhy.h"
 #include "platform/CaseFold.h"
+#include "platform/ShownText.h"
 #include "support/ErrorHandling.h"
 #include "support/Prompts.h"
 #include "support/StringTable.h"
@@ -83,7 +84,7 @@ private:
     if (!FileExists(mState, newPath) || !FileExists(mState, path))
       return true;
     if (mJourney.placed.contains(FoldCase(newPath))) {
-      ShowError(mState, path + Newlines(2) + "Another file of this name has just been moved there.");
+      ShowError(mState, AsOneLine(path) + Newlines(2) + "Another file of this name has just been moved there.");
       return false;
     }
     return OrTellWhy(mState, [this] { return RegistryKeyMayBeDeleted(mState, LocalMachine, mEntryKey); });
@@ -106,7 +107,8 @@ private:
     if (FileExists(mState, AddBackslash(folder) + name))
       return;
     if (!MoveFile(mState, mJourney.destination, name, folder, name))
-      ShowError(mState, GetLastFileError(mState) + Newlines(2) + "The file is now here." + Newlines(2) + newPath);
+      ShowError(mState,
+                GetLastFileError(mState) + Newlines(2) + "The file is now here." + Newlines(2) + AsOneLine(newPath));
   }
 
   SharedState &mState;

@@ -9,6 +9,7 @@
 #include "catalogue/Selection.h"
 #include "catalogue/SideFiles.h"
 #include "manage/OrTellWhy.h"
+#include "platform/ShownText.h"
 #include "support/ErrorHandling.h"
 #include "support/Prompts.h"
 #include "support/StringTable.h"
@@ -58,7 +59,7 @@ bool UsersAccept(SharedState &state, std::string_view libraryKey) {
   std::vector<std::string> courses;
   ListCoursesUsingLibrary(state.lstCourses, courses, libraryKey);
   for (const std::string &course : courses)
-    if (!AskYesNo(state, LoadResString(StringId::LibraryUsedByCourses) + Newlines(2) + course + Newlines(2) +
+    if (!AskYesNo(state, LoadResString(StringId::LibraryUsedByCourses) + Newlines(2) + AsOneLine(course) + Newlines(2) +
                              LoadResString(StringId::WishToContinue)))
       return false;
   return true;
@@ -68,9 +69,10 @@ constexpr std::string_view LibraryWarning =
     "WARNING: Uninstalling a library that is used by a course will make that course unplayable, \r\n"
     "and attempting to play that course will cause Marrowfell 2002 to exit.";
 
-/// What a row says. The row leaves its list before its name is shown for the last time.
+/// What a row says, its name as messages say it. The row leaves its list before its name is shown for the last time.
 struct Item {
-  explicit Item(const Row &row) : name(row.Text()), key(row.Tag()), libraries(row.SubItems(column::Libraries)) {}
+  explicit Item(const Row &row)
+      : name(AsOneLine(row.Text())), key(row.Tag()), libraries(row.SubItems(column::Libraries)) {}
 
   std::string name;
   std::string key;

@@ -6,6 +6,7 @@
 #include "catalogue/CatalogueRows.h"
 #include "catalogue/Dependencies.h"
 #include "packaging/basVorinZip.h"
+#include "platform/ShownText.h"
 #include "support/ErrorHandling.h"
 #include "support/Prompts.h"
 #include "support/StringTable.h"
@@ -18,7 +19,7 @@ namespace turfdesk {
 namespace {
 
 std::string NamePath(const std::string &path, StringId sentence) {
-  return path + Newlines(2) + LoadResString(sentence);
+  return AsOneLine(path) + Newlines(2) + LoadResString(sentence);
 }
 
 /// Adds files to a request of the zip layer, as long as the user does not refuse to go on.

@@ -5,6 +5,7 @@
 
 #include "catalogue/BaseValues.h"
 #include "platform/RuntimeError.h"
+#include "platform/ShownText.h"
 #include "shell/basVorinInit.h"
 #include "support/Prompts.h"
 #include "support/basVorinString.h"
@@ -21,7 +22,7 @@ std::string TakeCommandFile(SharedState &state, std::string_view commandTail) {
     return {};
   std::string path = state.platform.ToWindowsPath(given);
   if (path.empty())
-    ShowError(state, given + Newlines(2) + ErrorText(ErrorNumber::BadFileName));
+    ShowError(state, AsOneLine(given) + Newlines(2) + ErrorText(ErrorNumber::BadFileName));
   return path;
 }
 

@@ -6,6 +6,7 @@
 #include "catalogue/Catalogue.h"
 #include "platform/CaseFold.h"
 #include "platform/RuntimeError.h"
+#include "platform/ShownText.h"
 #include "shell/FileTypes.h"
 #include "support/ErrorHandling.h"
 #include "support/RegistryTextReader.h"
@@ -136,8 +137,8 @@ private:
       return;
     ++counts.valuesSkipped;
     if (counts.valuesSkipped <= MostValuesTold)
-      mSkippedValues +=
-          Newlines(1) + "Line " + std::to_string(statement.line) + ": " + statement.key + ", " + statement.valueName;
+      mSkippedValues += Newlines(1) + "Line " + std::to_string(statement.line) + ": " +
+                        AsOneLine(statement.key + ", " + statement.valueName);
   }
 
   void AddChange(RegistryChange::Kind kind, const RegistryStatement &statement) {
@@ -163,7 +164,7 @@ private:
 std::string FaultWords(const std::vector<RegistryTextFault> &faults) {
   std::string words = "Nothing has been imported.\r\n";
   for (const RegistryTextFault &fault : faults)
-    words += Newlines(1) + "Line " + std::to_string(fault.line) + ": " + fault.words;
+    words += Newlines(1) + "Line " + std::to_string(fault.line) + ": " + AsOneLine(fault.words);
   if (faults.size() == MostRegistryTextFaults)
     words += Newlines(1) + "What may follow was not read.";
   return words;
@@ -178,7 +179,7 @@ bool ReadPlan(SharedState &state, const std::string &path, ImportPlan &plan) {
                                        [&plan](const RegistryStatement &statement) { plan.Take(statement); });
   if (faults.empty())
     return true;
-  ShowError(state, path + Newlines(2) + FaultWords(faults));
+  ShowError(state, AsOneLine(path) + Newlines(2) + FaultWords(faults));
   return false;
 }
 
@@ -189,7 +190,8 @@ void WriteFile(SharedState &state, const std::string &path, const std::string &b
 }
 
 bool MayBeWritten(SharedState &state, const std::string &path) {
-  return !FileExists(state, path) || AskYesNo(state, path + Newlines(2) + LoadResString(StringId::FileExistsReplace));
+  return !FileExists(state, path) ||
+         AskYesNo(state, AsOneLine(path) + Newlines(2) + LoadResString(StringId::FileExistsReplace));
 }
 
 } // namespace
@@ -211,7 +213,7 @@ bool ExportSettings(SharedState &state, const std::string &path) {
   if (!ReadSettingsText(state, text))
     return false;
   bool isWritten = false;
-  Guarded(state, path + Newlines(2), [&] {
+  Guarded(state, AsOneLine(path) + Newlines(2), [&] {
     if (!MayBeWritten(state, path))
       return;
     WriteFile(state, path, RegistryTextBytes(text));
@@ -223,11 +225,11 @@ bool ExportSettings(SharedState &state, const std::string &path) {
 bool ImportSettings(SharedState &state, const std::string &path, ImportCounts &counts) {
   ImportPlan plan;
   bool isSound = false;
-  Guarded(state, path + Newlines(2), [&] { isSound = ReadPlan(state, path, plan); });
+  Guarded(state, AsOneLine(path) + Newlines(2), [&] { isSound = ReadPlan(state, path, plan); });
   if (!isSound || !Guarded(state, "", [&] { state.platform.Branches().Apply(plan.changes); }))
     return false;
   if (const std::string words = plan.SkippedValuesWords(); !words.empty())
-    ShowInfo(state, path + Newlines(2) + words);
+    ShowInfo(state, AsOneLine(path) + Newlines(2) + words);
   counts = plan.counts;
   return true;
 }

@@ -2,6 +2,7 @@
 // SPDX-FileCopyrightText: 2026 Turf Desk contributors
 
 #include "shell/Main.h"
+#include "platform/ShownText.h"
 #include "shell/ProgramIcon.h"
 #include "shell/frmTurfManager.h"
 #include "support/ErrorHandling.h"
@@ -31,7 +32,7 @@ class StartBoxes final : public MessageBoxes {
 public:
   BoxAnswer Show(const MessageBox &box) override {
     if (!mWindowShown)
-      std::cerr << box.title << ": " << box.text << '\n';
+      std::cerr << box.title << ": " << WithEscapes(box.text) << '\n';
     return mBoxes.Show(box);
   }
 

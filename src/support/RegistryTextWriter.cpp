@@ -4,6 +4,7 @@
 #include "support/RegistryTextWriter.h"
 
 #include "platform/RuntimeError.h"
+#include "platform/ShownText.h"
 #include "support/RegistryTextLines.h"
 #include "support/Utf16.h"
 #include "support/basVorinString.h"
@@ -82,7 +83,8 @@ std::string Line(const RegistryValue &value) {
 
 [[noreturn]] void Refuse(const std::string &key) {
   throw RuntimeError(ErrorNumber::BadFileName,
-                     key + Newlines(2) + "A name or a text of this settings key cannot be written to a file.");
+                     AsOneLine(key) + Newlines(2) +
+                         "A name or a text of this settings key cannot be written to a file.");
 }
 
 } // namespace

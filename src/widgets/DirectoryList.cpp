@@ -107,7 +107,7 @@ void DirectoryList::ShowEntries(const std::string &path, const std::vector<std::
 
 void DirectoryList::AddEntry(const std::string &path, const std::string &name, int depth, bool open) {
   const QIcon icon = style()->standardIcon(open ? QStyle::SP_DirOpenIcon : QStyle::SP_DirClosedIcon, nullptr, this);
-  auto *entry = new QListWidgetItem(icon, ToQString(name), this);
+  auto *entry = new QListWidgetItem(icon, OneLine(name), this);
   entry->setData(PathRole, ToQString(path));
   entry->setData(DepthRole, depth);
 }

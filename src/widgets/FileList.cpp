@@ -9,6 +9,13 @@
 
 namespace turfdesk {
 
+namespace {
+
+/// The name itself, of which the text may show some characters as symbols.
+constexpr int NameRole = Qt::UserRole;
+
+} // namespace
+
 FileList::FileList(QWidget *parent) : QListWidget(parent) {
   setItemDelegate(new RowDelegate(this));
   setSelectionMode(ExtendedSelection);
@@ -19,11 +26,13 @@ FileList::FileList(QWidget *parent) : QListWidget(parent) {
 void FileList::SetPath(std::string_view folder) {
   clear();
   mPath = folder;
-  for (const std::string &file : mFolders->Files(folder, mPattern))
-    addItem(ToQString(file));
+  for (const std::string &file : mFolders->Files(folder, mPattern)) {
+    auto *entry = new QListWidgetItem(OneLine(file), this);
+    entry->setData(NameRole, ToQString(file));
+  }
 }
 
-std::string FileList::List(int index) const { return ToUtf8(item(index)->text()); }
+std::string FileList::List(int index) const { return ToUtf8(item(index)->data(NameRole).toString()); }
 
 bool FileList::Selected(int index) const { return item(index)->isSelected(); }
 

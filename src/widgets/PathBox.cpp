@@ -14,11 +14,15 @@
 namespace turfdesk {
 
 void PathBox::SetPath(std::string_view path) {
-  setText(ToQString(path));
+  mPath = path;
+  setText(OneLine(path));
   home(false);
 }
 
-std::string PathBox::Path() const { return ToUtf8(text()); }
+std::string PathBox::Path() const {
+  // What is shown need not be the path, as long as nobody has changed it.
+  return text() == OneLine(mPath) ? mPath : ToUtf8(text());
+}
 
 bool PathBox::event(QEvent *event) {
   if (event->type() == QEvent::ReadOnlyChange)

@@ -36,6 +36,8 @@ protected:
 private:
   void ShowToolTip(const QPoint &globalPosition);
   void ShowWhetherReadOnly();
+
+  std::string mPath;
 };
 
 } // namespace turfdesk

@@ -136,7 +136,7 @@ BoxAnswer QtMessageBoxes::Show(const MessageBox &box) {
   window.setIcon(IconOf(box.icon));
   window.setTextFormat(Qt::PlainText);
   window.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  window.setText(ToQString(box.text).replace("\r\n", "\n"));
+  window.setText(Shown(box.text));
   window.setStandardButtons(buttons.all);
   window.setDefaultButton(buttons.first);
   window.setEscapeButton(buttons.refusal);

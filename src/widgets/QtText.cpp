@@ -2,6 +2,7 @@
 // SPDX-FileCopyrightText: 2026 Turf Desk contributors
 
 #include "widgets/QtText.h"
+#include "platform/ShownText.h"
 
 namespace turfdesk {
 
@@ -9,13 +10,9 @@ QString ToQString(std::string_view utf8) { return QString::fromUtf8(utf8.data(),
 
 std::string ToUtf8(const QString &text) { return text.toStdString(); }
 
-QString OneLine(std::string_view utf8) {
-  QString line = ToQString(utf8);
-  for (QChar &character : line)
-    if (character.category() == QChar::Other_Control)
-      character = u' ';
-  return line;
-}
+QString Shown(std::string_view message) { return ToQString(WithSymbols(message)); }
+
+QString OneLine(std::string_view utf8) { return Shown(AsOneLine(utf8)); }
 
 QString PlainToolTip(const QString &text) {
   return text.isEmpty() ? QString() : "<span>" + text.toHtmlEscaped() + "</span>";

@@ -13,7 +13,10 @@ namespace turfdesk {
 QString ToQString(std::string_view utf8);
 std::string ToUtf8(const QString &text);
 
-/// The text for a control of one line: control characters, which a damaged file's name can hold, become blanks.
+/// A message as a window may show it (ShownText.h), with LF for its own line breaks.
+QString Shown(std::string_view message);
+
+/// A name, a path or a label, which may be of strangers, as a window may show it: in one line.
 QString OneLine(std::string_view utf8);
 
 /// A tool tip that shows the text as it stands, also where it looks like markup.

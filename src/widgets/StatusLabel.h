@@ -7,6 +7,8 @@
 
 #include <QLabel>
 
+#include <string>
+
 namespace turfdesk {
 
 /// A label of a fixed number of lines for texts that hold long paths: what does not fit is left out in the middle of
@@ -26,9 +28,11 @@ public:
   QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
+  bool event(QEvent *event) override;
   void paintEvent(QPaintEvent *event) override;
 
 private:
+  std::string mCaption;
   int mLines = 1;
 };
 

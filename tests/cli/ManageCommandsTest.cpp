@@ -143,4 +143,25 @@ TEST_F(TurfctlTest, LettersThatWindowsTellsApartMakeOtherFilesAndFolders) {
   }
 }
 
+TEST_F(TurfctlTest, NamesNeitherCommandTheTerminalNorForgeLines) {
+  const samples::CourseSpec evil{.name = "Elm\x1B[2J\r\nyes\u009D"};
+  const std::string file = "C:\\Elm\u202Eclh.hlc";
+  const std::string name = "Elm\\x1B[2J\\x0D\\x0Ayes\\x9D";
+  samples::WriteCourse(Host("Elm\u202Eclh.hlc"), evil);
+  const Outcome installed = Run("install '" + file + "'");
+  ASSERT_EQ(installed.status, 0) << installed.errors;
+  EXPECT_TRUE(installed.output.starts_with("Elm\\u202Eclh.hlc: ")) << installed.output;
+  const std::string key = samples::KeyOf(evil);
+  EXPECT_EQ(Run("list --courses").output,
+            "Courses (1)\n  " + name + "\n      " + key + "  4 KB\n      C:\\Elm\\u202Eclh.hlc\n");
+  EXPECT_NE(Run("show " + key).output.find("\nname: " + name + "\n"), std::string::npos);
+  const std::string question = Run("--ask uninstall " + key).errors;
+  EXPECT_NE(question.find("\n\n" + name + "\nyes or no? no\n"), std::string::npos) << question;
+  EXPECT_NE(Run("settings get '\x1B[2J'").errors.find("\n\\x1B[2J\n"), std::string::npos);
+
+  const Json answer = Run("--json --no uninstall " + key).Answer();
+  EXPECT_TRUE(answer["messages"][0]["text"].get<std::string>().ends_with("\r\n\r\nElm\x1B[2J\r\nyes\u009D"));
+  EXPECT_EQ(Run("--json list").Answer()["courses"][0]["name"], "Elm\x1B[2J\r\nyes\u009D");
+}
+
 } // namespace turfdesk

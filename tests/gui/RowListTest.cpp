@@ -101,7 +101,7 @@ TEST(ListViewModelTest, ChecksRowsOnlyWhereTheListHasCheckBoxes) {
   Row &row = rows.Add("k", "two\r\nlines");
   ListViewModel model(rows, {"Name", "File"}, nullptr);
   const QModelIndex first = model.index(0, 0);
-  EXPECT_EQ(first.data().toString(), "two  lines") << "a row has one line";
+  EXPECT_EQ(first.data().toString(), "two␍␊lines") << "a row has one line";
   EXPECT_FALSE(model.setData(first, Qt::Checked, Qt::CheckStateRole));
   rows.SetCheckboxes(true);
   EXPECT_FALSE(model.setData(model.index(0, 1), Qt::Checked, Qt::CheckStateRole));

@@ -10,14 +10,17 @@
 
 #include "gui/ModalWatch.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QDeadlineTimer>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
+#include <QToolTip>
 
 #include <gtest/gtest.h>
 
@@ -112,10 +115,17 @@ TEST_F(StatusDialogTest, LabelsKeepTheWholeOfALongPath) {
   dialog.RouteLabel().SetCaption(route);
   dialog.show();
   const int width = dialog.width();
-  const auto *label = dialog.findChild<QLabel *>("lblStatus_1");
+  auto *label = dialog.findChild<QLabel *>("lblStatus_1");
   EXPECT_EQ(label->text().toStdString(), route);
   EXPECT_EQ(dialog.RouteLabel().Caption(), route);
-  EXPECT_TRUE(label->toolTip().contains("D:\\&lt;b&gt;"));
+  QHelpEvent help(QEvent::ToolTip, QPoint(5, 5), label->mapToGlobal(QPoint(5, 5)));
+  QCoreApplication::sendEvent(label, &help);
+  EXPECT_TRUE(QToolTip::text().contains("D:\\&lt;b&gt;"));
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(label)->text(QAccessible::Description), "")
+      << "no markup is read aloud";
+  dialog.RouteLabel().SetCaption("a\x1B\n");
+  EXPECT_EQ(label->text(), "a␛␊");
+  EXPECT_EQ(dialog.RouteLabel().Caption(), "a\x1B\n");
   dialog.RouteLabel().SetCaption("short");
   EXPECT_EQ(dialog.width(), width);
 }
@@ -188,15 +198,15 @@ TEST(QtScreenTest, HourglassesDoNotPileUp) {
 }
 
 TEST_F(MessageBoxesTest, ShowsTheTextAsItStands) {
-  const BoxAnswer answer =
-      Show({"<b>C:\\a</b>\r\n\r\nReplace?", "Turf Desk", BoxButtons::YesNo, BoxIcon::Question}, [](QMessageBox &box) {
-        EXPECT_EQ(box.text(), "<b>C:\\a</b>\n\nReplace?");
-        EXPECT_EQ(box.textFormat(), Qt::PlainText);
-        EXPECT_EQ(box.windowTitle(), "Turf Desk");
-        EXPECT_EQ(box.icon(), QMessageBox::Question);
-        EXPECT_EQ(box.standardButtons(), QMessageBox::Yes | QMessageBox::No);
-        QTest::keyClick(&box, Qt::Key_Return);
-      });
+  const BoxAnswer answer = Show({"<b>C:\\\x07</b>\r\n\r\nReplace?", "Turf Desk", BoxButtons::YesNo, BoxIcon::Question},
+                                [](QMessageBox &box) {
+                                  EXPECT_EQ(box.text(), "<b>C:\\␇</b>\n\nReplace?");
+                                  EXPECT_EQ(box.textFormat(), Qt::PlainText);
+                                  EXPECT_EQ(box.windowTitle(), "Turf Desk");
+                                  EXPECT_EQ(box.icon(), QMessageBox::Question);
+                                  EXPECT_EQ(box.standardButtons(), QMessageBox::Yes | QMessageBox::No);
+                                  QTest::keyClick(&box, Qt::Key_Return);
+                                });
   EXPECT_EQ(answer, BoxAnswer::Yes) << "the first button is the default";
 }
 

@@ -6,6 +6,7 @@
 #include "platform/CaseFold.h"
 #include "platform/NameOrder.h"
 #include "platform/RuntimeError.h"
+#include "platform/ShownText.h"
 
 #include <gtest/gtest.h>
 
@@ -193,6 +194,14 @@ TEST(NameOrderTest, BaseLettersThenAccentsThenCase) {
     joined += name + ",";
   EXPECT_EQ(joined, "a b,Ærø,Ahorn,Ähre,lob,Łódź,oak,öl,Ørsted,Oslo,resume,Resume,RESUME,Resumé,résumé,resumes,"
                     "Strasse,Straße,Zürich,Ж,\xFFx,");
+}
+
+TEST(ShownTextTest, OnlyTheMessagesOwnLineBreaksAreLineBreaks) {
+  const std::string name = "\x1B[2J\r\n\x7F\u009B\u2028\u202Eü\x9B";
+  const std::string message = "Delete?\r\n\r\n" + AsOneLine(name) + "\nYes";
+  EXPECT_EQ(WithEscapes(message), "Delete?\n\n\\x1B[2J\\x0D\\x0A\\x7F\\x9B\\u2028\\u202Eü\\x9B\nYes");
+  EXPECT_EQ(WithSymbols(message), "Delete?\n\n␛[2J␍␊␡\uFFFD␤⇄ü\uFFFD\nYes");
+  EXPECT_EQ(WithoutMarks(message), "Delete?\r\n\r\n" + name + "\nYes");
 }
 
 } // namespace turfdesk
