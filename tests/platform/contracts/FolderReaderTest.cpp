@@ -49,7 +49,7 @@ TEST_F(FolderReaderTest, ListsFilesThatFitAndFoldersSortedByName) {
                            R"(sub\x)", R"(Again\x)"})
     Put(std::string(R"(C:\Games\)") + file);
   EXPECT_EQ(mReader.Files("c:/GAMES", "*.hlc; *.HLB"),
-            (Texts{"A.hlb", "b.hlc", "c.HLC", "\u00C4.hlc", "\U0001F3CC.hlc"}));
+            (Texts{"A.hlb", "\u00C4.hlc", "b.hlc", "c.HLC", "\U0001F3CC.hlc"}));
   EXPECT_EQ(mReader.Subfolders(R"(C:\Games\)"), (Texts{"Again", "Folder.hlc", "sub"}));
 }
 
