@@ -184,23 +184,6 @@ TEST(FileListTest, ShowsSymbolsForWhatCannotBeSeenAndKeepsTheName) {
   EXPECT_EQ(box.Path(), "b.hlc");
 }
 
-TEST(FileListTest, ShowsSymbolsForWhatCannotBeSeenAndKeepsTheName) {
-  const std::string name = "a\u202Ecod.hlc";
-  test::FakeFolders folders;
-  folders.tree[R"(C:\Games)"].files = {name};
-  FileList files;
-  files.SetFolders(folders);
-  files.SetPath(R"(C:\Games)");
-  EXPECT_EQ(files.item(0)->text(), "a⇄cod.hlc");
-  EXPECT_EQ(files.List(0), name);
-  PathBox box;
-  box.SetPath(name);
-  EXPECT_EQ(box.text(), "a⇄cod.hlc");
-  EXPECT_EQ(box.Path(), name);
-  box.setText("b.hlc");
-  EXPECT_EQ(box.Path(), "b.hlc");
-}
-
 TEST(FileListTest, SelectsSeveralFilesAndForgetsThemWithTheFolder) {
   test::FakeFolders folders;
   FileList files;
