@@ -31,11 +31,15 @@ public:
   /// Closes the form, except while it is converting.
   void done(int result) override;
 
+protected:
+  bool event(QEvent *event) override;
+
 private:
   frmCourseConvert(SharedState &state, QWidget &mainWindow);
 
   void Form_Load();
   void btnConvert_Click();
+  void NoticeOtherProcesses();
   void Convert();
   void TellAndKeepPlace(const std::string &description);
 

@@ -6,9 +6,10 @@
 #include "catalogue/Catalogue.h"
 #include "catalogue/CatalogueRows.h"
 #include "catalogue/Dependencies.h"
-#include "manage/OrTellWhy.h"
+#include "catalogue/LoadLists.h"
 #include "platform/CaseFold.h"
 #include "support/ErrorHandling.h"
+#include "support/OrTellWhy.h"
 #include "support/Prompts.h"
 #include "support/StringTable.h"
 #include "support/WorkInProgress.h"
@@ -18,6 +19,7 @@
 
 #include <algorithm>
 #include <array>
+#include <memory>
 #include <set>
 
 namespace turfdesk {
@@ -56,6 +58,7 @@ public:
   FileMover(SharedState &state, std::string entryKey, Row &row, Journey &journey)
       : mState(state), mEntryKey(std::move(entryKey)), mRow(row), mJourney(journey) {}
 
+  /// path is a copy of what the row holds.
   bool Move(const std::string &path, const PathField &field) {
     const std::string folder = GetPathPart(mState, path);
     const std::string name = GetFilePart(mState, path);
@@ -65,48 +68,50 @@ public:
     mState.screen.DoEvents();
     if (!MayReplace(path, newPath))
       return false;
-    if (!MoveFile(mState, folder, name, mJourney.destination, name)) {
-      ShowError(mState, GetLastFileError(mState));
+    const Recording recording{[&] { return ReserveFor(path, field); }, [&] { return Record(field, newPath); }};
+    const auto withdraw = [&] {
+      const auto reservation = ReserveEntry(mState, KeyChange::Write, mEntryKey);
+      return reservation && Record(field, path);
+    };
+    if (!MoveFile(mState, folder, name, mJourney.destination, name, recording, withdraw)) {
+      if (!GetLastFileError(mState).empty())
+        ShowError(mState, GetLastFileError(mState));
       return false;
     }
     mJourney.placed.insert(FoldCase(newPath));
-    if (!Record(field, newPath, folder, name))
-      return false;
-    mRow.SetSubItems(field.column, newPath);
     return true;
   }
 
 private:
-  /// A file of the past is replaced, for which there is no way back: the new place must be one that can be recorded. A
-  /// file that has just come from another folder is not replaced.
+  /// A file that has just come from another folder is not replaced.
   bool MayReplace(const std::string &path, const std::string &newPath) {
-    if (!FileExists(mState, newPath) || !FileExists(mState, path))
+    if (!mJourney.placed.contains(FoldCase(newPath)) || !FileExists(mState, newPath) || !FileExists(mState, path))
       return true;
-    if (mJourney.placed.contains(FoldCase(newPath))) {
-      ShowError(mState, path + Newlines(2) + "Another file of this name has just been moved there.");
-      return false;
-    }
-    return OrTellWhy(mState, [this] { return RegistryKeyMayBeDeleted(mState, LocalMachine, mEntryKey); });
-  }
-
-  /// A tree that fails by throwing must not leave the file where nothing points at it, either.
-  bool Record(const PathField &field, const std::string &newPath, const std::string &folder, const std::string &name) {
-    try {
-      if (SetRegistryValue(mState, LocalMachine, mEntryKey, field.valueName, newPath))
-        return true;
-    } catch (const std::exception &error) {
-      ShowError(mState, error.what());
-    }
-    PutBack(newPath, folder, name);
+    ShowError(mState, path + Newlines(2) + "Another file of this name has just been moved there.");
     return false;
   }
 
-  void PutBack(const std::string &newPath, const std::string &folder, const std::string &name) {
-    // A source that could not be deleted is where it was.
-    if (FileExists(mState, AddBackslash(folder) + name))
-      return;
-    if (!MoveFile(mState, mJourney.destination, name, folder, name))
-      ShowError(mState, GetLastFileError(mState) + Newlines(2) + "The file is now here." + Newlines(2) + newPath);
+  /// The copy may have taken long, and the entry may be another process's work by now, or gone.
+  std::unique_ptr<RegistryReservation> ReserveFor(const std::string &path, const PathField &field) {
+    auto reservation = ReserveEntry(mState, KeyChange::Write, mEntryKey);
+    if (reservation && GetRegistryValue(mState, LocalMachine, mEntryKey, field.valueName, "") != path) {
+      reservation.reset();
+      ShowError(mState, path + Newlines(2) + "Another program has changed the entry of this file. It has not been moved.");
+    }
+    return reservation;
+  }
+
+  /// A refusal stands in the verdict; a tree that fails by throwing must not leave the file where nothing points at it.
+  bool Record(const PathField &field, const std::string &newPath) {
+    try {
+      if (!SetRegistryValue(mState, LocalMachine, mEntryKey, field.valueName, newPath))
+        return false;
+    } catch (const std::exception &error) {
+      mState.lastFileError = error.what();
+      return false;
+    }
+    mRow.SetSubItems(field.column, newPath);
+    return true;
   }
 
   SharedState &mState;
@@ -118,13 +123,13 @@ private:
 bool MoveFiles(SharedState &state, Row &row, Journey &journey) {
   FileMover mover(state, CourseEntryKey(row.Tag()), row, journey);
   return std::ranges::all_of(CourseFields, [&](const PathField &field) {
-    const std::string &path = row.SubItems(field.column);
+    const std::string path = row.SubItems(field.column);
     return path.empty() || mover.Move(path, field);
   });
 }
 
 bool MoveLibraryFile(SharedState &state, Row &row, Journey &journey) {
-  const std::string &path = row.SubItems(column::Filename);
+  const std::string path = row.SubItems(column::Filename);
   return path.empty() || FileMover(state, LibraryEntryKey(row.Tag()), row, journey).Move(path, FilenameField);
 }
 
@@ -133,14 +138,24 @@ bool MoveOrphan(SharedState &state, const std::string &libraryKey, Journey &jour
   return library != nullptr && MoveLibraryFile(state, *library, journey);
 }
 
+constexpr std::string_view LibrariesStay = "The course has been moved. Its libraries that were still to be moved stay.";
+
 /// A library that fails does not keep the others from being asked about.
 bool OfferOrphans(SharedState &state, const Row &course, Journey &journey) {
   const std::string &courseKey = course.Tag();
   bool moved = true;
-  for (const std::string &libraryKey : ParseList(course.SubItems(column::Libraries)))
-    if (IsOrphanOfCourse(state, libraryKey, courseKey) &&
-        AskAboutOrphan(state, libraryKey, LoadResString(StringId::WishToMove)))
-      moved = MoveOrphan(state, libraryKey, journey) && moved;
+  for (const std::string &libraryKey : ParseList(course.SubItems(column::Libraries))) {
+    if (!IsOrphanOfCourse(state, libraryKey, courseKey))
+      continue;
+    // A course that another process has installed may need it, before the question or while it stands.
+    if (StoppedByChange(state, LibrariesStay))
+      return false;
+    if (!AskAboutOrphan(state, libraryKey, LoadResString(StringId::WishToMove)))
+      continue;
+    if (StoppedByChange(state, LibrariesStay))
+      return false;
+    moved = MoveOrphan(state, libraryKey, journey) && moved;
+  }
   return moved;
 }
 
@@ -149,6 +164,8 @@ bool MoveItem(SharedState &state, const MoveRequest &request, StatusWindow &wind
     ShowError(state, LoadResString(StringId::NothingSelected));
     return false;
   }
+  if (StoppedByChange(state, "Nothing has been moved."))
+    return false;
   const WorkInProgress work(state, window);
   const auto move = state.activeList == ActiveCourses ? &MoveCourse : &MoveLibrary;
   bool moved = false;

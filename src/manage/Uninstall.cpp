@@ -6,10 +6,11 @@
 #include "catalogue/Catalogue.h"
 #include "catalogue/CatalogueRows.h"
 #include "catalogue/Dependencies.h"
+#include "catalogue/LoadLists.h"
 #include "catalogue/Selection.h"
 #include "catalogue/SideFiles.h"
-#include "manage/OrTellWhy.h"
 #include "support/ErrorHandling.h"
+#include "support/OrTellWhy.h"
 #include "support/Prompts.h"
 #include "support/StringTable.h"
 #include "support/basVorinFile.h"
@@ -28,9 +29,14 @@ void DeleteIfThere(SharedState &state, const std::string &path) {
     DeleteFile(state, path);
 }
 
-/// Files cannot be brought back, so the key that goes last is looked at first.
-bool KeyMayGo(SharedState &state, const std::string &entryKey) {
-  return OrTellWhy(state, [&] { return RegistryKeyMayBeDeleted(state, LocalMachine, entryKey); });
+/// Files cannot be brought back: before the first goes, the key that goes last is made sure of, and that the answers were
+/// given to what still is so. Null when the user has been told that this stops the work; untouched says what stays.
+std::unique_ptr<RegistryReservation> ReserveDeletion(SharedState &state, const std::string &entryKey,
+                                                     std::string_view untouched) {
+  auto reservation = ReserveEntry(state, KeyChange::Delete, entryKey);
+  if (reservation && StoppedByChange(state, untouched))
+    reservation.reset();
+  return reservation;
 }
 
 bool DeleteEntry(SharedState &state, const std::string &entryKey) {
@@ -43,12 +49,7 @@ void RemoveRow(ListView &list, std::string_view key) {
     list.Remove(*row);
 }
 
-void OfferOrphans(SharedState &state, std::string_view courseKey, std::string_view libraryList) {
-  for (const std::string &libraryKey : ParseList(libraryList))
-    if (IsOrphanOfCourse(state, libraryKey, courseKey) &&
-        AskAboutOrphan(state, libraryKey, LoadResString(StringId::WishToDelete)))
-      UninstallLibrary(state, libraryKey, false);
-}
+constexpr std::string_view NothingUninstalled = "Nothing has been uninstalled.";
 
 bool UsersAccept(SharedState &state, std::string_view libraryKey) {
   if (!state.allCoursesListed) {
@@ -114,15 +115,36 @@ bool UninstallSelected(SharedState &state) {
 
 bool UninstallCourse(SharedState &state, std::string_view courseKey, std::string_view libraryList) {
   const std::string entryKey = CourseEntryKey(courseKey);
+  auto reservation = ReserveDeletion(state, entryKey, NothingUninstalled);
+  if (!reservation)
+    return false;
   const std::array media = {GetCoursePicture(state, courseKey), GetCourseMusic(state, courseKey),
                             GetCourseVideo(state, courseKey), GetCourseText(state, courseKey)};
   const std::string courseFile = GetCourseFilename(state, courseKey);
-  if (!KeyMayGo(state, entryKey))
-    return false;
   for (const std::string &path : media)
     DeleteIfThere(state, path);
   DeleteCourseStats(state, courseKey);
-  OfferOrphans(state, courseKey, libraryList);
+
+  std::string stillThere = "The course is still installed. Its media and statistics have been deleted.";
+  for (const std::string &libraryKey : ParseList(libraryList)) {
+    if (!IsOrphanOfCourse(state, libraryKey, courseKey))
+      continue;
+    reservation.reset();
+    // A course that another process has installed may need it, before the question or while it stands.
+    if (StoppedByChange(state, stillThere))
+      return false;
+    const std::string name = GetLibraryName(state, libraryKey);
+    if (!AskAboutOrphan(state, libraryKey, LoadResString(StringId::WishToDelete)))
+      continue;
+    if (StoppedByChange(state, stillThere))
+      return false;
+    if (UninstallLibrary(state, libraryKey, false))
+      stillThere += Newlines(2) + name + Newlines(1) + "This library has been uninstalled.";
+  }
+  if (!reservation)
+    reservation = ReserveDeletion(state, entryKey, stillThere);
+  if (!reservation)
+    return false;
   DeleteIfThere(state, courseFile);
   if (!DeleteEntry(state, entryKey))
     return false;
@@ -132,9 +154,13 @@ bool UninstallCourse(SharedState &state, std::string_view courseKey, std::string
 
 bool UninstallLibrary(SharedState &state, std::string_view libraryKey, bool askIfUsed) {
   const std::string entryKey = LibraryEntryKey(libraryKey);
-  const std::string libraryFile = GetLibraryFilename(state, libraryKey);
-  if ((askIfUsed && !UsersAccept(state, libraryKey)) || !KeyMayGo(state, entryKey))
+  if (askIfUsed && !UsersAccept(state, libraryKey))
     return false;
+  const auto reservation =
+      ReserveDeletion(state, entryKey, askIfUsed ? NothingUninstalled : "The library has not been uninstalled.");
+  if (!reservation)
+    return false;
+  const std::string libraryFile = GetLibraryFilename(state, libraryKey);
   DeleteIfThere(state, libraryFile);
   if (!DeleteEntry(state, entryKey))
     return false;

@@ -12,6 +12,8 @@
 #include "widgets/FirstActivation.h"
 #include "widgets/QtText.h"
 
+#include <QApplication>
+#include <QEvent>
 #include <QMenu>
 #include <QPainter>
 #include <QVBoxLayout>
@@ -57,8 +59,7 @@ frmTurfManager::~frmTurfManager() = default;
 void frmTurfManager::Form_Load() {
   mLoadingBackground = LoadBackground(devicePixelRatioF());
   MakeControls();
-  LoadCourses(mState);
-  LoadLibraries(mState);
+  LoadLists(mState);
   RegisterFileTypes(mState);
   emit Loaded();
 }
@@ -89,7 +90,7 @@ void frmTurfManager::MakeControls() {
 
 void frmTurfManager::Form_Activate() {
   if (!mState.commandFile.empty())
-    Run("btnCourseInstall");
+    Run(CommandOfButton("btnCourseInstall"));
 }
 
 void frmTurfManager::ConnectList(RowListWidget &list, std::int32_t which, QMenu &menu) {
@@ -98,13 +99,13 @@ void frmTurfManager::ConnectList(RowListWidget &list, std::int32_t which, QMenu 
     EnableCommands();
   });
   connect(&list, &RowListWidget::ContextMenuRequested, &menu, [&menu](const QPoint &place) { menu.popup(place); });
-  connect(&list, &RowListWidget::DoubleClicked, this, [this] { Run("btnCourseProperties"); });
+  connect(&list, &RowListWidget::DoubleClicked, this, [this] { Choose("btnCourseProperties"); });
 }
 
 void frmTurfManager::ConnectButtons() {
   for (const MainCommand &command : MainCommands())
     connect(findChild<QPushButton *>(command.button), &QPushButton::clicked, this,
-            [this, &command] { Run(command.button); });
+            [this, &command] { Choose(command.button); });
 }
 
 QMenu *frmTurfManager::MakeMenu(const char *name, const char *title, std::span<const MenuEntry> entries) {
@@ -115,7 +116,7 @@ QMenu *frmTurfManager::MakeMenu(const char *name, const char *title, std::span<c
     QAction *action = isLine ? menu->addSeparator() : menu->addAction(entry.caption);
     action->setObjectName(entry.name);
     if (!isLine)
-      connect(action, &QAction::triggered, this, [this, &entry] { Run(entry.button); });
+      connect(action, &QAction::triggered, this, [this, &entry] { Choose(entry.button); });
   }
   return menu;
 }
@@ -129,11 +130,33 @@ void frmTurfManager::EnableCommands() {
         findChild<QAction *>(entry.name)->setEnabled(IsAvailable(mState, CommandOfButton(entry.button)));
 }
 
-void frmTurfManager::Run(std::string_view button) {
+void frmTurfManager::Choose(std::string_view button) {
   const MainCommand &command = CommandOfButton(button);
-  if (IsAvailable(mState, command))
-    Guarded(mState,
-            "frmTurfManager." + std::string(button) + "_Click(): ", [this, &command] { command.run(mState, *this); });
+  if (!IsAvailable(mState, command) || (command.actsOnCatalogue && LoadAgainIfChanged(mState)))
+    return;
+  Run(command);
+  // A command that was stopped by a change has told of it, and the lists are still those of before.
+  if (command.actsOnCatalogue)
+    NoticeOtherProcesses();
+}
+
+void frmTurfManager::Run(const MainCommand &command) {
+  const CommandAtWork atWork(mState);
+  Guarded(mState, "frmTurfManager." + std::string(command.button) + "_Click(): ",
+          [this, &command] { command.run(mState, *this); });
+}
+
+void frmTurfManager::NoticeOtherProcesses() {
+  // Not before the lists are loaded for the first time, nor while another window has the word.
+  if (mUi != nullptr && isActiveWindow() && QApplication::activeModalWidget() == nullptr)
+    LoadAgainIfChanged(mState);
+}
+
+bool frmTurfManager::event(QEvent *event) {
+  // Later, since no window opens well while another is being activated.
+  if (event->type() == QEvent::WindowActivate)
+    QMetaObject::invokeMethod(this, &frmTurfManager::NoticeOtherProcesses, Qt::QueuedConnection);
+  return QWidget::event(event);
 }
 
 void frmTurfManager::paintEvent(QPaintEvent *) {

@@ -48,6 +48,9 @@ protected:
 
 void Write(StagedFile &file, std::string_view text);
 
+/// Copies to the end.
+void CopyNow(FileCopier &copier, const std::string &from, const std::string &to, const FileCopier::Report &report);
+
 /// More than the pieces that a file is copied in, with different content all over.
 std::string LargeContent();
 

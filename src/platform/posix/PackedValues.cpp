@@ -41,6 +41,15 @@ void PackedValues::Append(std::string_view foldedName, const SettingsValue &valu
   mBytes.append(reinterpret_cast<const char *>(&head), sizeof head).append(foldedName).append(data);
 }
 
+bool PackedValues::operator==(const PackedValues &other) const {
+  bool isSame = mBytes.size() == other.mBytes.size();
+  for (std::size_t offset = 0; isSame && offset < mBytes.size(); offset += HeadAt(offset).Size()) {
+    const std::string_view name(mBytes.data() + offset + sizeof(Head), HeadAt(offset).nameLength);
+    isSame = Find(name) == other.Find(name);
+  }
+  return isSame;
+}
+
 PackedValues::Head PackedValues::HeadAt(std::size_t offset) const {
   Head head{};
   std::memcpy(&head, mBytes.data() + offset, sizeof head);

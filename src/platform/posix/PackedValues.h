@@ -35,6 +35,8 @@ public:
   bool Erase(std::string_view foldedName);
   /// Adds a value that is known to be absent.
   void Append(std::string_view foldedName, const SettingsValue &value);
+  /// The same values, in whatever order they were set.
+  bool operator==(const PackedValues &other) const;
 
 private:
   struct Head {

@@ -64,6 +64,8 @@ SettingsStore::SettingsStore(const std::string &home, std::chrono::milliseconds 
 SettingsStore::~SettingsStore() = default;
 
 void SettingsStore::Open() {
+  // The numbers of another file mean nothing.
+  mKnownCounter = noCounter;
   auto session = std::make_unique<Session>(mPaths.store, mPatience);
   UseDurableJournal(session->connection);
   SqliteTransaction transaction(session->connection, "BEGIN");
@@ -87,9 +89,60 @@ void SettingsStore::Reload() {
 void SettingsStore::ReadTree(Session &session) {
   mLastKey = nullptr;
   mChangeCounter = noCounter;
-  mTree = LoadTree(session.connection);
+  SettingsTree tree = LoadTree(session.connection);
   // Reading has locked the file, so until the transaction ends the counter is the one that belongs to what was read.
-  mChangeCounter = session.header.ChangeCounter();
+  const std::uint32_t counter = session.header.ChangeCounter();
+  if (mWatched && counter != mKnownCounter)
+    mWatched->changed = mWatched->changed || WatchedKeyDiffers(tree);
+  mTree = std::move(tree);
+  mChangeCounter = mKnownCounter = counter;
+}
+
+bool SettingsStore::WatchedKeyDiffers(SettingsTree &other) {
+  const SettingsKey *here = Walk(mWatched->root, mWatched->keyPath);
+  const SettingsKey *there = Walk(other, mWatched->root, mWatched->keyPath);
+  return here && there ? !HaveSameContent(*here, *there) : here != there;
+}
+
+void SettingsStore::WatchKey(RegistryRoot root, std::string_view keyPath) {
+  mWatched.reset();
+  Find(root, keyPath);
+  mWatched = Watched{root, std::string(WithoutTrailingBackslash(keyPath)), false};
+}
+
+bool SettingsStore::WatchedKeyChanged() {
+  if (!mWatched)
+    return false;
+  if (mSession->connection.HasMoved())
+    Reload();
+  Find(mWatched->root, mWatched->keyPath);
+  return mWatched->changed;
+}
+
+void SettingsStore::Reserve() {
+  CheckWritable(mPaths);
+  mReserved.emplace(mPaths, SettingsLock::Mode::Shared, mPatience);
+  try {
+    if (mSession->connection.HasMoved())
+      Open();
+    // The lock that the transaction takes stays behind its end.
+    mSession->connection.Execute("PRAGMA locking_mode=EXCLUSIVE");
+    SqliteTransaction transaction(mSession->connection, "BEGIN EXCLUSIVE");
+    if (mSession->header.ChangeCounter() != mChangeCounter)
+      ReadTree(*mSession);
+    transaction.Commit();
+  } catch (...) {
+    Release();
+    throw;
+  }
+}
+
+void SettingsStore::Release() noexcept {
+  sqlite3 *database = mSession->connection.Get();
+  sqlite3_exec(database, "PRAGMA locking_mode=NORMAL", nullptr, nullptr, nullptr);
+  // The lock goes with the end of the next transaction.
+  sqlite3_exec(database, "SELECT 1 FROM keys LIMIT 1", nullptr, nullptr, nullptr);
+  mReserved.reset();
 }
 
 const SettingsKey *SettingsStore::FindAnew(RegistryRoot root, std::string_view keyPath) {
@@ -113,10 +166,10 @@ bool SettingsStore::IsBesideLast(RegistryRoot root, std::string_view keyPath) co
          std::string_view(mLastPath).substr(0, cut) == keyPath.substr(0, cut);
 }
 
-SettingsKey *SettingsStore::Walk(RegistryRoot root, std::string_view keyPath) {
-  SettingsKey *key = &mTree.Root(root);
+SettingsKey *SettingsStore::Walk(SettingsTree &tree, RegistryRoot root, std::string_view keyPath) {
+  SettingsKey *key = &tree.Root(root);
   while (key && !keyPath.empty())
-    key = mTree.FindSubkey(*key, TakePart(keyPath));
+    key = tree.FindSubkey(*key, TakePart(keyPath));
   return key;
 }
 
@@ -145,8 +198,10 @@ SettingsStore::Deletion SettingsStore::DeleteKey(RegistryRoot root, std::string_
 SettingsStore::Deletion SettingsStore::TryDeleteKey(RegistryRoot root, std::string_view keyPath) {
   Deletion result = Deletion::Done;
   const auto tryIt = [&] {
-    if (const SettingsKey *key = FindDeletable(root, keyPath, result))
+    if (const SettingsKey *key = FindDeletable(root, keyPath, result)) {
       DeleteRows(*key);
+      mSession->connection.WriteOut();
+    }
   };
   Transact(tryIt, Outcome::Undo);
   return result;
@@ -337,8 +392,10 @@ bool SettingsStore::TryTransact(const std::function<void()> &work, Outcome outco
     return false;
   }
   const std::uint32_t ownCounter = connection.TotalChanges() == changesBefore ? counter : counter + 1;
-  if (mSession->header.ChangeCounter() == ownCounter)
-    mChangeCounter = ownCounter;
+  const std::uint32_t newCounter = mSession->header.ChangeCounter();
+  // During a reservation nobody else writes, and SQLite raises the counter only once.
+  if (newCounter == ownCounter || mReserved)
+    mChangeCounter = mKnownCounter = newCounter;
   return true;
 }
 

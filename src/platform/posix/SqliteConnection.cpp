@@ -59,6 +59,11 @@ bool SqliteConnection::HasMoved() {
   return hasMoved != 0;
 }
 
+void SqliteConnection::WriteOut() {
+  if (const int code = sqlite3_db_cacheflush(mDatabase.get()); code != SQLITE_OK)
+    Fail(code);
+}
+
 void SqliteConnection::Fail(int code) const {
   const int primaryCode = code & 0xff;
   const auto *const failure = std::find_if(failureTable.begin(), failureTable.end(),

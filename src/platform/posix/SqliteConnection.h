@@ -35,6 +35,8 @@ public:
   std::string QueryText(const char *sql);
   /// Has the file been renamed, replaced or deleted since it was opened?
   bool HasMoved();
+  /// Writes to disk what the transaction under way has changed so far, in a way that can still be rolled back.
+  void WriteOut();
   /// Rows changed since the connection was opened.
   std::int64_t TotalChanges() const { return sqlite3_total_changes64(mDatabase.get()); }
 
