@@ -75,7 +75,7 @@ void frmCourseConvert::btnConvert_Click() {
 }
 
 void frmCourseConvert::NoticeOtherProcesses() {
-  if (isActiveWindow() && QApplication::activeModalWidget() == nullptr)
+  if (QApplication::activeModalWidget() == nullptr)
     LoadAgainIfChanged(mState);
 }
 

@@ -148,7 +148,7 @@ void frmTurfManager::Run(const MainCommand &command) {
 
 void frmTurfManager::NoticeOtherProcesses() {
   // Not before the lists are loaded for the first time, nor while another window has the word.
-  if (mUi != nullptr && isActiveWindow() && QApplication::activeModalWidget() == nullptr)
+  if (mUi != nullptr && QApplication::activeModalWidget() == nullptr)
     LoadAgainIfChanged(mState);
 }
 

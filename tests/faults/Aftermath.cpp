@@ -156,7 +156,7 @@ void ExpectNothingLost(const Pictures &pictures) {
     EXPECT_TRUE(!kept.contains(content) || present.contains(content)) << "lost: " << path;
 }
 
-void ExpectOldOrNewFiles(const Command &command, const Pictures &pictures, bool mayLeaveHidden) {
+void ExpectOldOrNewFiles(const Pictures &pictures, bool mayLeaveHidden) {
   std::set<std::string> paths;
   for (const Picture *picture : {&pictures.before, &pictures.done, &pictures.now})
     for (const auto &[path, content] : picture->files)
@@ -204,7 +204,7 @@ void ExpectOrderly(const Command &command, test::GolfProgram &program, bool resu
   ExpectVerdict(command, program, result);
   ExpectBoxes(command, program, result);
   ExpectNothingLost(pictures);
-  ExpectOldOrNewFiles(command, pictures, false);
+  ExpectOldOrNewFiles(pictures, false);
   ExpectForeignFilesKept(command, pictures);
   ExpectOldOrNewCatalogue(pictures);
   ExpectRows(command, program, result, pictures);

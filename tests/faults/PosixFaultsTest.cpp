@@ -54,7 +54,7 @@ protected:
   void Examine(const std::filesystem::path &home) {
     mPictures.now = Look(home);
     ExpectNothingLost(mPictures);
-    ExpectOldOrNewFiles(GetParam(), mPictures, true);
+    ExpectOldOrNewFiles(mPictures, true);
     ExpectForeignFilesKept(GetParam(), mPictures);
     ExpectOldOrNewCatalogue(mPictures);
     if (HasFailure())

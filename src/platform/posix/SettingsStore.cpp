@@ -15,6 +15,9 @@ namespace {
 
 constexpr std::int64_t noCounter = -1;
 
+/// The lock that the next transaction takes stays behind its end.
+constexpr const char *lockForGood = "PRAGMA locking_mode=EXCLUSIVE";
+
 std::string_view WithoutTrailingBackslash(std::string_view keyPath) {
   return keyPath.ends_with('\\') ? keyPath.substr(0, keyPath.size() - 1) : keyPath;
 }
@@ -125,8 +128,7 @@ void SettingsStore::Reserve() {
   try {
     if (mSession->connection.HasMoved())
       Open();
-    // The lock that the transaction takes stays behind its end.
-    mSession->connection.Execute("PRAGMA locking_mode=EXCLUSIVE");
+    mSession->connection.Execute(lockForGood);
     SqliteTransaction transaction(mSession->connection, "BEGIN EXCLUSIVE");
     if (mSession->header.ChangeCounter() != mChangeCounter)
       ReadTree(*mSession);
@@ -138,11 +140,15 @@ void SettingsStore::Reserve() {
 }
 
 void SettingsStore::Release() noexcept {
+  Unlock();
+  mReserved.reset();
+}
+
+void SettingsStore::Unlock() noexcept {
   sqlite3 *database = mSession->connection.Get();
   sqlite3_exec(database, "PRAGMA locking_mode=NORMAL", nullptr, nullptr, nullptr);
   // The lock goes with the end of the next transaction.
   sqlite3_exec(database, "SELECT 1 FROM keys LIMIT 1", nullptr, nullptr, nullptr);
-  mReserved.reset();
 }
 
 const SettingsKey *SettingsStore::FindAnew(RegistryRoot root, std::string_view keyPath) {
@@ -366,8 +372,14 @@ void SettingsStore::Transact(const std::function<void()> &work, Outcome outcome)
     Open();
   // A commit whose last step fails, the flush of the journal that it has cut off, has taken effect all the same. The
   // second run finds out: either nothing is left to do, or it tries once more.
-  if (!TryTransact(work, outcome, OnFailedCommit::Return))
-    TryTransact(work, outcome, OnFailedCommit::Throw);
+  if (TryTransact(work, outcome, OnFailedCommit::Return))
+    return;
+  // Whoever keeps the lock is not given a fresh look at the file.
+  if (mReserved)
+    Unlock();
+  TryTransact(work, outcome, OnFailedCommit::Throw);
+  if (mReserved)
+    mSession->connection.Execute(lockForGood);
 }
 
 bool SettingsStore::TryTransact(const std::function<void()> &work, Outcome outcome, OnFailedCommit onFailedCommit) {

@@ -88,6 +88,7 @@ private:
   };
 
   void Open();
+  void Unlock() noexcept;
   void Reload();
   void ReadTree(Session &session);
   bool WatchedKeyDiffers(SettingsTree &other);
