@@ -9,9 +9,9 @@
 
 namespace turfdesk {
 
-// Each rebuilds the rows of one list from the catalogue, the courses always first: what other processes change is noticed
-// from then on. The list that the commands act on has its first row selected
-// afterwards, the other one none. An error is shown and ends the load; rows filled so far stay.
+// Each rebuilds the rows of one list from the catalogue, the courses always first: what other processes change is
+// noticed from then on. The list that the commands act on has its first row selected afterwards, the other one none. An
+// error is shown and ends the load; rows filled so far stay.
 void LoadCourses(SharedState &state);
 void LoadLibraries(SharedState &state);
 
@@ -22,8 +22,8 @@ void LoadLists(SharedState &state);
 bool CatalogueChanged(SharedState &state);
 
 /// For windows, at their activation and before a command begins: where another process has changed the catalogue, both
-/// lists are loaded again, with the selection kept on its key where that still exists, and the user is told. The command
-/// is not run then, for what it was to act on may be another row by now. True when that was so. False while a
+/// lists are loaded again, with the selection kept on its key where that still exists, and the user is told. The
+/// command is not run then, for what it was to act on may be another row by now. True when that was so. False while a
 /// CommandAtWork lives, whose rows must stay.
 bool LoadAgainIfChanged(SharedState &state);
 

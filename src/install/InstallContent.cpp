@@ -113,8 +113,9 @@ std::unique_ptr<RegistryReservation> ReserveFor(SharedState &state, const Conten
   auto reservation = ReserveEntry(state, KeyChange::Create, kind.entryKey(content.guid));
   if (reservation && Look(state, kind, content, route) != facts) {
     reservation.reset();
-    ShowError(state, route.target + Newlines(2) + "Another program has installed or uninstalled this meanwhile. It has "
-                                                  "been left as it is.");
+    ShowError(state, route.target + Newlines(2) +
+                         "Another program has installed or uninstalled this meanwhile. It has "
+                         "been left as it is.");
   }
   return reservation;
 }

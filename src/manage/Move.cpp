@@ -96,7 +96,8 @@ private:
     auto reservation = ReserveEntry(mState, KeyChange::Write, mEntryKey);
     if (reservation && GetRegistryValue(mState, LocalMachine, mEntryKey, field.valueName, "") != path) {
       reservation.reset();
-      ShowError(mState, path + Newlines(2) + "Another program has changed the entry of this file. It has not been moved.");
+      ShowError(mState,
+                path + Newlines(2) + "Another program has changed the entry of this file. It has not been moved.");
     }
     return reservation;
   }

@@ -29,8 +29,9 @@ void DeleteIfThere(SharedState &state, const std::string &path) {
     DeleteFile(state, path);
 }
 
-/// Files cannot be brought back: before the first goes, the key that goes last is made sure of, and that the answers were
-/// given to what still is so. Null when the user has been told that this stops the work; untouched says what stays.
+/// Files cannot be brought back: before the first goes, the key that goes last is made sure of, and that the answers
+/// were given to what still is so. Null when the user has been told that this stops the work; untouched says what
+/// stays.
 std::unique_ptr<RegistryReservation> ReserveDeletion(SharedState &state, const std::string &entryKey,
                                                      std::string_view untouched) {
   auto reservation = ReserveEntry(state, KeyChange::Delete, entryKey);

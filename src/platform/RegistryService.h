@@ -62,8 +62,8 @@ public:
   virtual std::unique_ptr<RegistryReservation> Reserve(KeyChange change, std::string_view keyPath) = 0;
   /// From now on WatchedKeyChanged tells of this key, which need not exist, and of all below it.
   virtual void WatchKey(std::string_view keyPath) = 0;
-  /// Has another process changed the watched key since WatchKey? Changes made through this platform object do not count,
-  /// nor does what left the content as it was. Cheap when nobody has changed anything.
+  /// Has another process changed the watched key since WatchKey? Changes made through this platform object do not
+  /// count, nor does what left the content as it was. Cheap when nobody has changed anything.
   virtual bool WatchedKeyChanged() = 0;
   /// Number of subkeys of the open key.
   virtual std::int32_t SubkeyCount() = 0;

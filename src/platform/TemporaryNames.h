@@ -24,8 +24,8 @@ struct TemporaryNames {
 
 /// What a file is written under until it has its own name.
 inline constexpr TemporaryNames StagedFileNames{".turfdesk-", ".tmp"};
-/// What a file is set aside under that is about to be replaced: the beginning, six random letters and digits, a dash and
-/// the file's own name. Longer than any of StagedFileNames, so that it is never taken for one of those.
+/// What a file is set aside under that is about to be replaced: the beginning, six random letters and digits, a dash
+/// and the file's own name. Longer than any of StagedFileNames, so that it is never taken for one of those.
 inline constexpr std::string_view SetAsideBeginning = ".turfdesk-kept-";
 
 /// The name that a file had before it was set aside; nothing for any other name.

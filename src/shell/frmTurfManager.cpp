@@ -142,8 +142,9 @@ void frmTurfManager::Choose(std::string_view button) {
 
 void frmTurfManager::Run(const MainCommand &command) {
   const CommandAtWork atWork(mState);
-  Guarded(mState, "frmTurfManager." + std::string(command.button) + "_Click(): ",
-          [this, &command] { command.run(mState, *this); });
+  Guarded(mState, "frmTurfManager." + std::string(command.button) + "_Click(): ", [this, &command] {
+    command.run(mState, *this);
+  });
 }
 
 void frmTurfManager::NoticeOtherProcesses() {

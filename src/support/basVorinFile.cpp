@@ -45,16 +45,15 @@ namespace {
 
 std::unique_ptr<StagedCopy> Stage(SharedState &state, const std::string &source, const std::string &destination) {
   bool begun = false;
-  return state.platform.Copier().Stage(
-      source, destination, [&state, &begun](std::uint64_t done, std::uint64_t total) {
-        if (state.workProgress != nullptr) {
-          if (!begun)
-            state.workProgress->Begin(total);
-          state.workProgress->SetPosition(done);
-        }
-        begun = true;
-        state.screen.Repaint();
-      });
+  return state.platform.Copier().Stage(source, destination, [&state, &begun](std::uint64_t done, std::uint64_t total) {
+    if (state.workProgress != nullptr) {
+      if (!begun)
+        state.workProgress->Begin(total);
+      state.workProgress->SetPosition(done);
+    }
+    begun = true;
+    state.screen.Repaint();
+  });
 }
 
 /// What cannot come back under its name is not lost, and the user is told where it is.
@@ -108,10 +107,9 @@ std::unique_ptr<StagedCopy> CopyAndRecord(SharedState &state, const std::string 
 
 bool CopyFile(SharedState &state, std::string_view sourceDir, std::string_view sourceName,
               std::string_view destinationDir, std::string_view destinationName, const Recording &recording) {
-  const auto copy =
-      CopyAndRecord(state, AddBackslash(sourceDir) + std::string(sourceName),
-                    AddBackslash(destinationDir) + std::string(destinationName), recording,
-                    Unrecorded::StaysWhereItReplacesNothing);
+  const auto copy = CopyAndRecord(state, AddBackslash(sourceDir) + std::string(sourceName),
+                                  AddBackslash(destinationDir) + std::string(destinationName), recording,
+                                  Unrecorded::StaysWhereItReplacesNothing);
   if (copy)
     copy->Keep();
   return copy != nullptr;

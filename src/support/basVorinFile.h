@@ -32,11 +32,11 @@ bool DeleteFile(SharedState &state, std::string_view path);
 
 /// The change of the settings tree that goes with a copy.
 struct Recording {
-  /// Takes what the change needs, when the copy is complete but does not bear its name yet. Null ends the copy; the user
-  /// has been told why.
+  /// Takes what the change needs, when the copy is complete but does not bear its name yet. Null ends the copy; the
+  /// user has been told why.
   std::function<std::unique_ptr<RegistryReservation>()> reserve;
-  /// Makes the change, when the copy bears its name. Where it is false a file that was replaced comes back; it may leave
-  /// words in state.lastFileError.
+  /// Makes the change, when the copy bears its name. Where it is false a file that was replaced comes back; it may
+  /// leave words in state.lastFileError.
   std::function<bool()> write;
 };
 
@@ -47,10 +47,10 @@ struct Recording {
 bool CopyFile(SharedState &state, std::string_view sourceDir, std::string_view sourceName,
               std::string_view destinationDir, std::string_view destinationName, const Recording &recording);
 
-/// Copies, records and then deletes the source. Where it is false nothing has changed, with one exception: a source that
-/// cannot be deleted is a question to the user. OK is true, with the file in both places; Cancel is false, with the copy
-/// left at the destination unless it has replaced a file. Then, or where the copy turns out to be no good, withdraw
-/// records the old place again; false from it leaves the copy recorded.
+/// Copies, records and then deletes the source. Where it is false nothing has changed, with one exception: a source
+/// that cannot be deleted is a question to the user. OK is true, with the file in both places; Cancel is false, with
+/// the copy left at the destination unless it has replaced a file. Then, or where the copy turns out to be no good,
+/// withdraw records the old place again; false from it leaves the copy recorded.
 bool MoveFile(SharedState &state, std::string_view sourceDir, std::string_view sourceName,
               std::string_view destinationDir, std::string_view destinationName, const Recording &recording,
               const std::function<bool()> &withdraw);

@@ -34,8 +34,9 @@ TEST_F(PosixTurfctlTest, WhatAnotherProcessInstallsUnderAQuestionKeepsTheLibrary
   samples::WriteCourse(Host("Golf/Need.hlc"), {.name = "Need", .libraries = {grass}});
   ASSERT_EQ(Run("--yes install 'C:\\Golf\\Elm.hlc' 'C:\\Golf\\Grass.hlb'").status, 0);
   // The second begins when the first has asked, and the first is answered when the second has ended.
-  const std::string script = "coproc " + command + "--ask uninstall 'Old Elm' 2>&1\nread -ru ${COPROC[0]} -d ? asked\n" +
-                             command + "--yes install 'C:\\Golf\\Need.hlc' > /dev/null\necho y >&${COPROC[1]}\n" +
+  const std::string script = "coproc " + command +
+                             "--ask uninstall 'Old Elm' 2>&1\nread -ru ${COPROC[0]} -d ? asked\n" + command +
+                             "--yes install 'C:\\Golf\\Need.hlc' > /dev/null\necho y >&${COPROC[1]}\n" +
                              "cat <&${COPROC[0]}\n" + command + "list";
   const test::ProgramRun run = test::RunProgram("/bin/bash", {"-c", script}, "");
   EXPECT_NE(run.output.find("The catalogue was changed by another program."), std::string::npos) << run.output;

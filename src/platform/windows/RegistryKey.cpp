@@ -187,8 +187,8 @@ std::uint32_t RegistryKey::SubkeyCount(std::uint32_t &count) const {
 }
 
 std::uint32_t RegistryKey::TellOfChanges(void *event) const {
-  return CodeOf(RegNotifyChangeKeyValue(static_cast<HKEY>(mKey), TRUE, REG_NOTIFY_CHANGE_NAME | REG_NOTIFY_CHANGE_LAST_SET,
-                                        event, TRUE));
+  return CodeOf(RegNotifyChangeKeyValue(static_cast<HKEY>(mKey), TRUE,
+                                        REG_NOTIFY_CHANGE_NAME | REG_NOTIFY_CHANGE_LAST_SET, event, TRUE));
 }
 
 std::uint32_t RegistryKey::Delete(RegistryRoot root, const std::wstring &path) {

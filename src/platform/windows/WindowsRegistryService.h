@@ -32,8 +32,8 @@ public:
   std::string LastErrorText() const override { return mLastErrorText; }
   void CloseKey() override;
   bool DeleteKey(std::string_view keyPath) override;
-  /// The registry cannot be locked. What is reserved is the right to the change, as far as it can be had beforehand, and
-  /// the word of our own programs not to change anything under a reservation of another.
+  /// The registry cannot be locked. What is reserved is the right to the change, as far as it can be had beforehand,
+  /// and the word of our own programs not to change anything under a reservation of another.
   std::unique_ptr<RegistryReservation> Reserve(KeyChange change, std::string_view keyPath) override;
   void WatchKey(std::string_view keyPath) override;
   bool WatchedKeyChanged() override;
