@@ -73,17 +73,24 @@ std::int32_t ListLibrariesInCourse(SharedState &state, const Row &course, ListVi
   return static_cast<std::int32_t>(keys.size());
 }
 
-void OfferOrphans(SharedState &state, std::string_view courseKey, std::string_view libraryList,
-                  std::string_view question, const std::function<void(const std::string &libraryKey)> &agreed) {
+bool OfferOrphans(SharedState &state, std::string_view courseKey, std::string_view libraryList,
+                  std::string_view question, const std::function<bool()> &mayGoOn,
+                  const std::function<void(const std::string &libraryKey)> &agreed) {
   bool isFirst = true;
   for (const std::string &libraryKey : ParseList(libraryList)) {
     if (!IsOrphanOfCourse(state, libraryKey, courseKey))
       continue;
+    if (!mayGoOn())
+      return false;
     if (std::exchange(isFirst, false))
       TellCoursesOutOfReach(state);
-    if (AskAboutOrphan(state, libraryKey, question))
-      agreed(libraryKey);
+    if (!AskAboutOrphan(state, libraryKey, question))
+      continue;
+    if (!mayGoOn())
+      return false;
+    agreed(libraryKey);
   }
+  return true;
 }
 
 } // namespace turfdesk

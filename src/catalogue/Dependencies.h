@@ -34,8 +34,10 @@ std::int32_t ListLibrariesInCourse(SharedState &state, const Row &course, ListVi
 
 /// Asks the user about each library of the list that is an orphan of the course when its turn comes, and calls a
 /// routine with those that he agrees to. question is such as "Do you wish to delete it?". Courses that could not be
-/// read are named before the first one, since they may use it.
-void OfferOrphans(SharedState &state, std::string_view courseKey, std::string_view libraryList,
-                  std::string_view question, const std::function<void(const std::string &libraryKey)> &agreed);
+/// read are named before the first one, since they may use it. mayGoOn is asked before each question and after a Yes;
+/// false from it ends the offers, and is the result.
+bool OfferOrphans(SharedState &state, std::string_view courseKey, std::string_view libraryList,
+                  std::string_view question, const std::function<bool()> &mayGoOn,
+                  const std::function<void(const std::string &libraryKey)> &agreed);
 
 } // namespace turfdesk

@@ -6,11 +6,15 @@
 #include "catalogue/Catalogue.h"
 #include "catalogue/CatalogueRows.h"
 #include "support/ErrorHandling.h"
+#include "support/Prompts.h"
 #include "support/basVorinRegistry.h"
+#include "support/basVorinString.h"
 
 namespace turfdesk {
 
 namespace {
+
+constexpr std::string_view ChangedWords = "The catalogue was changed by another program.";
 
 using NameOf = std::string (*)(SharedState &, std::string_view key);
 
@@ -45,6 +49,8 @@ void SelectFirstRow(const SharedState &state, ListView &list, std::int32_t which
 void LoadCourses(SharedState &state) {
   state.coursesOutOfReach.clear();
   state.allCoursesListed = Guarded(state, "frmTurfManager.LoadCourses(): ", [&state] {
+    state.registryService->SetRootKey(LocalMachine);
+    state.registryService->WatchKey(BaseKey);
     FillList(state, state.lstCourses, CoursesKey, &GetCourseName, &FillCourseRow);
     SelectFirstRow(state, state.lstCourses, ActiveCourses);
   });
@@ -55,6 +61,41 @@ void LoadLibraries(SharedState &state) {
     FillList(state, state.lstLibraries, LibrariesKey, &GetLibraryName, &FillLibraryRow);
     SelectFirstRow(state, state.lstLibraries, ActiveLibraries);
   });
+}
+
+void LoadLists(SharedState &state) {
+  LoadCourses(state);
+  LoadLibraries(state);
+}
+
+bool CatalogueChanged(SharedState &state) { return state.registryService->WatchedKeyChanged(); }
+
+bool LoadAgainIfChanged(SharedState &state) {
+  bool changed = false;
+  // A tree that cannot be read is told by what needs it.
+  PassOver([&] { changed = state.commandsAtWork == 0 && CatalogueChanged(state); });
+  if (!changed)
+    return false;
+  const CommandAtWork loading(state);
+  ListView &list = state.activeList == ActiveCourses ? state.lstCourses : state.lstLibraries;
+  const std::string selected = list.SelectedItem() ? list.SelectedItem()->Key() : "";
+  LoadLists(state);
+  if (Row *row = list.FindKey(selected))
+    list.Select(row);
+  ShowInfo(state, std::string(ChangedWords) + " The lists have been loaded again.");
+  return true;
+}
+
+bool StoppedByChange(SharedState &state, std::string_view undone) {
+  std::string words(ChangedWords);
+  try {
+    if (!CatalogueChanged(state))
+      return false;
+  } catch (const std::exception &error) {
+    words = error.what();
+  }
+  ShowError(state, words + Newlines(2) + std::string(undone));
+  return true;
 }
 
 } // namespace turfdesk

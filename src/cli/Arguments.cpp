@@ -3,7 +3,6 @@
 
 #include "cli/Arguments.h"
 
-#include "catalogue/LoadLists.h"
 #include "platform/CaseFold.h"
 #include "platform/RuntimeError.h"
 #include "platform/ShownText.h"
@@ -48,11 +47,6 @@ std::string TakeFolder(SharedState &state, const std::string &given) {
     return folder;
   ShowPathError(state, folder, ErrorText(ErrorNumber::PathNotFound));
   return "";
-}
-
-void LoadLists(SharedState &state) {
-  LoadCourses(state);
-  LoadLibraries(state);
 }
 
 bool IsNamed(const ListView &list, const std::string &name) { return !RowsNamed(list, name).empty(); }

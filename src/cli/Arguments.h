@@ -20,8 +20,6 @@ std::string TakeFolder(SharedState &state, const std::string &given);
 /// Shows what is wrong with a path.
 void ShowPathError(SharedState &state, const std::string &path, const std::string &words);
 
-void LoadLists(SharedState &state);
-
 /// Does key (without regard to case) or name stand for a row of the list, or for several?
 bool IsNamed(const ListView &list, const std::string &name);
 

@@ -4,6 +4,7 @@
 #include "cli/Arguments.h"
 #include "cli/Commands.h"
 
+#include "catalogue/LoadLists.h"
 #include "conversion/RunLayoutConverter.h"
 #include "conversion/RunQuillonConverter.h"
 #include "support/ErrorHandling.h"

@@ -7,6 +7,7 @@
 
 #include "catalogue/CatalogueRows.h"
 #include "catalogue/Dependencies.h"
+#include "catalogue/LoadLists.h"
 #include "support/basVorinString.h"
 
 namespace turfdesk {

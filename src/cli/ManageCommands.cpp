@@ -4,6 +4,7 @@
 #include "cli/Arguments.h"
 #include "cli/Commands.h"
 
+#include "catalogue/LoadLists.h"
 #include "catalogue/Selection.h"
 #include "manage/ClearStatistics.h"
 #include "manage/CourseMedia.h"

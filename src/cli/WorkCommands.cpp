@@ -5,6 +5,7 @@
 #include "cli/Commands.h"
 
 #include "catalogue/CatalogueRows.h"
+#include "catalogue/LoadLists.h"
 #include "catalogue/Selection.h"
 #include "install/RunInstall.h"
 #include "packaging/RunCompress.h"

@@ -60,8 +60,7 @@ bool RunLayoutConverter(SharedState &state, const ConversionRequest &request, Co
     return false;
 
   FollowConverter(state, processId, windows);
-  LoadCourses(state);
-  LoadLibraries(state);
+  LoadLists(state);
   windows.RefreshMain();
   const bool converted = state.lstCourses.Count() != coursesBefore;
   if (converted)

@@ -4,6 +4,7 @@
 #include "conversion/frmCourseConvert.h"
 
 #include "catalogue/BaseValues.h"
+#include "catalogue/LoadLists.h"
 #include "conversion/dlgInvalidDir.h"
 #include "conversion/dlgWaitConvert.h"
 #include "support/ErrorHandling.h"
@@ -12,6 +13,8 @@
 #include "widgets/FolderPicker.h"
 #include "widgets/WindowFitter.h"
 
+#include <QApplication>
+#include <QEvent>
 #include <QShowEvent>
 #include <QSignalBlocker>
 
@@ -63,13 +66,26 @@ void frmCourseConvert::TellAndKeepPlace(const std::string &description) {
 }
 
 void frmCourseConvert::btnConvert_Click() {
-  if (mConverting)
+  if (mConverting || LoadAgainIfChanged(mState))
     return;
   mConverting = true;
+  const CommandAtWork atWork(mState);
   Guarded(mState, ConvertLabel, [this] { Convert(); });
   mConverting = false;
   if (isHidden())
     deleteLater();
+}
+
+void frmCourseConvert::NoticeOtherProcesses() {
+  if (QApplication::activeModalWidget() == nullptr)
+    LoadAgainIfChanged(mState);
+}
+
+bool frmCourseConvert::event(QEvent *event) {
+  // Later, since no window opens well while another is being activated.
+  if (event->type() == QEvent::WindowActivate)
+    QMetaObject::invokeMethod(this, &frmCourseConvert::NoticeOtherProcesses, Qt::QueuedConnection);
+  return QDialog::event(event);
 }
 
 void frmCourseConvert::Convert() {

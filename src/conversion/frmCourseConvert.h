@@ -32,6 +32,7 @@ public:
   void done(int result) override;
 
 protected:
+  bool event(QEvent *event) override;
   void showEvent(QShowEvent *event) override;
 
 private:
@@ -39,6 +40,7 @@ private:
 
   void Form_Load();
   void btnConvert_Click();
+  void NoticeOtherProcesses();
   void Convert();
   void TellAndKeepPlace(const std::string &description);
 

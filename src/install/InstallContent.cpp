@@ -9,12 +9,14 @@
 #include "content/LibraryFile.h"
 #include "platform/RuntimeError.h"
 #include "platform/ShownText.h"
+#include "support/OrTellWhy.h"
 #include "support/Prompts.h"
 #include "support/StringTable.h"
 #include "support/WorkInProgress.h"
 #include "support/basVorinFile.h"
 #include "support/basVorinString.h"
 
+#include <memory>
 #include <string>
 
 namespace turfdesk {
@@ -24,6 +26,7 @@ namespace {
 /// Where courses and libraries differ; both are installed by the same steps.
 struct ContentKind {
   bool (*keyExists)(SharedState &, std::string_view key);
+  std::string (*entryKey)(std::string_view key);
   bool (*registerEntry)(SharedState &, std::string_view key, std::string_view name, std::string_view filename);
   FillRow fillRow;
   void (*showCopyFailure)(SharedState &);
@@ -44,6 +47,7 @@ void ShowLibraryFileError(SharedState &state) {
 }
 
 constexpr ContentKind CourseKind = {&CourseKeyExists,
+                                    &CourseEntryKey,
                                     &RegisterCourse,
                                     &FillCourseRow,
                                     &ShowFileError,
@@ -53,6 +57,7 @@ constexpr ContentKind CourseKind = {&CourseKeyExists,
                                     StringId::CourseDifferentDirectory};
 
 constexpr ContentKind LibraryKind = {&LibraryKeyExists,
+                                     &LibraryEntryKey,
                                      &RegisterLibrary,
                                      &FillLibraryRow,
                                      &ShowLibraryFileError,
@@ -87,40 +92,69 @@ void ShowReading(SharedState &state, const Route &route, Label &fileLabel, Label
   state.screen.Repaint();
 }
 
+/// What decides whether content may be installed.
+struct Facts {
+  bool installed;
+  bool targetExists;
+
+  bool operator==(const Facts &) const = default;
+};
+
+Facts Look(SharedState &state, const ContentKind &kind, const Content &content, const Route &route) {
+  return {kind.keyExists(state, content.guid), !route.destDir.empty() && FileExists(state, route.target)};
+}
+
 enum class Decision { Install, Decline, Refuse };
 
 /// Weighs the catalogue, which knows the content by its identity, against the disk, which knows the file by its name.
-Decision Decide(SharedState &state, const ContentKind &kind, const Content &content, const Route &route) {
-  const bool installed = kind.keyExists(state, content.guid);
-  const bool inPlace = route.destDir.empty();
-  const bool targetExists = !inPlace && FileExists(state, route.target);
-  if (installed && (inPlace || targetExists)) {
+Decision Decide(SharedState &state, const ContentKind &kind, const Facts &facts, const Route &route) {
+  if (facts.installed && (route.destDir.empty() || facts.targetExists)) {
     const bool replace = AskYesNo(state, LoadResString(kind.replaceQuestion) + Newlines(2) + AsOneLine(route.target));
     return replace ? Decision::Install : Decision::Decline;
   }
-  if (!installed && targetExists) {
+  if (!facts.installed && facts.targetExists) {
     ShowError(state, LoadResString(kind.otherDirectory) + Newlines(2) + AsOneLine(route.target));
     return Decision::Refuse;
   }
   return Decision::Install;
 }
 
+/// The copy may have taken long, and a question, too: what was decided by must still be so.
+std::unique_ptr<RegistryReservation> ReserveFor(SharedState &state, const ContentKind &kind, const Content &content,
+                                                const Route &route, const Facts &facts) {
+  auto reservation = ReserveEntry(state, KeyChange::Create, kind.entryKey(content.guid));
+  if (reservation && Look(state, kind, content, route) != facts) {
+    reservation.reset();
+    ShowError(state, AsOneLine(route.target) + Newlines(2) +
+                         "Another program has installed or uninstalled this meanwhile. It has "
+                         "been left as it is.");
+  }
+  return reservation;
+}
+
 bool CopyAndRegister(SharedState &state, const ContentKind &kind, const Content &content, const Route &route,
-                     Label &fileLabel, Label &routeLabel) {
+                     const Facts &facts, Label &fileLabel, Label &routeLabel) {
   routeLabel.SetCaption(RouteText(route.sourceDir, route.destDir));
   fileLabel.SetCaption(route.fileName);
   state.screen.DoEvents();
-  if (!route.destDir.empty() && !CopyFile(state, route.sourceDir, route.fileName, route.destDir, route.fileName)) {
-    kind.showCopyFailure(state);
-    return false;
+  // Only after the copy: one that failed must leave no entry for the new place.
+  const Recording recording{[&] { return ReserveFor(state, kind, content, route, facts); },
+                            [&] { return kind.registerEntry(state, content.guid, content.name, route.target); }};
+  if (route.destDir.empty()) {
+    const auto reservation = recording.reserve();
+    return reservation && recording.write();
   }
-  // Only now: a failed copy must leave no entry for the new place.
-  return kind.registerEntry(state, content.guid, content.name, route.target);
+  if (CopyFile(state, route.sourceDir, route.fileName, route.destDir, route.fileName, recording))
+    return true;
+  if (!GetLastFileError(state).empty())
+    kind.showCopyFailure(state);
+  return false;
 }
 
 bool InstallAs(SharedState &state, const ContentKind &kind, const Content &content, const Route &route, Row *&row,
                Label &fileLabel, Label &routeLabel) {
-  switch (Decide(state, kind, content, route)) {
+  const Facts facts = Look(state, kind, content, route);
+  switch (Decide(state, kind, facts, route)) {
   case Decision::Refuse:
     return false;
   case Decision::Decline:
@@ -128,7 +162,7 @@ bool InstallAs(SharedState &state, const ContentKind &kind, const Content &conte
   case Decision::Install:
     break;
   }
-  if (!CopyAndRegister(state, kind, content, route, fileLabel, routeLabel))
+  if (!CopyAndRegister(state, kind, content, route, facts, fileLabel, routeLabel))
     return false;
   Row *shown = FindListRow(content.guid, content.name, state.*kind.list, true);
   FillOrRemove(state, state.*kind.list, kind.fillRow, content.guid, *shown);

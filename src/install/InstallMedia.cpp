@@ -5,6 +5,7 @@
 
 #include "catalogue/Catalogue.h"
 #include "catalogue/CatalogueRows.h"
+#include "support/OrTellWhy.h"
 #include "support/Prompts.h"
 #include "support/WorkInProgress.h"
 #include "support/basVorinFile.h"
@@ -45,13 +46,19 @@ bool InstallMedia(SharedState &state, std::string_view source, std::string_view 
   fileLabel.SetCaption(fileName);
   state.screen.DoEvents();
 
-  if (!CopyFile(state, sourceDir, fileName, destDir, fileName)) {
-    ShowError(state, GetLastFileError(state));
-    return false;
-  }
   const MediaPlace place = PlaceOf(kind);
-  if (!SetRegistryValue(state, LocalMachine, CourseEntryKey(row.Tag()), place.valueName, target)) {
-    ShowError(state, GetRegistryError(state));
+  const std::string entryKey = CourseEntryKey(row.Tag());
+  // The course's entry is not made anew for its media: another process may have uninstalled it.
+  const Recording recording{[&] { return ReserveEntry(state, KeyChange::Write, entryKey); },
+                            [&] {
+                              if (SetRegistryValue(state, LocalMachine, entryKey, place.valueName, target))
+                                return true;
+                              state.lastFileError = GetRegistryError(state);
+                              return false;
+                            }};
+  if (!CopyFile(state, sourceDir, fileName, destDir, fileName, recording)) {
+    if (!GetLastFileError(state).empty())
+      ShowError(state, GetLastFileError(state));
     return false;
   }
   row.SetSubItems(place.column, target);

@@ -18,7 +18,8 @@ enum class MediaKind : std::int16_t { Picture = 1, Music = 2, Video = 3, Text = 
 /// Copies a media file next to its course, over one that is there, and records it in the catalogue and then in the row.
 /// source is the file's full path, destDir a directory, row the course's row. The labels show the work. What stands in
 /// the way has been shown when the result is false: a failed copy leaves catalogue and row as they were, a failed write
-/// leaves the copied file.
+/// leaves the copied file unless it has replaced another, which comes back then. A course that is no longer catalogued
+/// is a failure before anything is touched.
 bool InstallMedia(SharedState &state, std::string_view source, std::string_view destDir, Row &row, MediaKind kind,
                   Label &fileLabel, Label &routeLabel);
 

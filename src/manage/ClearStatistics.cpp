@@ -3,6 +3,7 @@
 
 #include "manage/ClearStatistics.h"
 
+#include "catalogue/LoadLists.h"
 #include "catalogue/Selection.h"
 #include "catalogue/SideFiles.h"
 #include "platform/ShownText.h"
@@ -19,6 +20,8 @@ namespace {
 
 bool ClearStatisticsOf(SharedState &state, const Row &course) {
   if (!AskYesNo(state, LoadResString(StringId::SureToClearStatistics) + Newlines(2) + AsOneLine(course.Text())))
+    return false;
+  if (StoppedByChange(state, "Nothing has been cleared."))
     return false;
   const bool cleared = DeleteCourseStats(state, course.Tag());
   if (cleared)

@@ -40,7 +40,8 @@ inline constexpr std::array CourseMediaKinds = {
 
 /// Writes the paths of a course's picture, music and text, in the order of CourseMediaKinds, whatever they hold, to the
 /// catalogue and each that could be written to the course's row. A write that fails is shown, and the next follows.
-/// True when all were written.
+/// Nothing is written where the course has left the catalogue, or its media are not those of the row any more; the user
+/// has been told. True when all were written.
 bool SaveCourseMedia(SharedState &state, Row &course, const std::array<std::string, CourseMediaKinds.size()> &paths);
 
 } // namespace turfdesk

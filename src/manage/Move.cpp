@@ -6,11 +6,12 @@
 #include "catalogue/Catalogue.h"
 #include "catalogue/CatalogueRows.h"
 #include "catalogue/Dependencies.h"
-#include "manage/OrTellWhy.h"
+#include "catalogue/LoadLists.h"
 #include "platform/CaseFold.h"
 #include "platform/RuntimeError.h"
 #include "platform/ShownText.h"
 #include "support/ErrorHandling.h"
+#include "support/OrTellWhy.h"
 #include "support/Prompts.h"
 #include "support/StringTable.h"
 #include "support/WorkInProgress.h"
@@ -20,6 +21,7 @@
 
 #include <algorithm>
 #include <array>
+#include <memory>
 #include <set>
 
 namespace turfdesk {
@@ -58,6 +60,7 @@ public:
   FileMover(SharedState &state, std::string entryKey, Row &row, Journey &journey)
       : mState(state), mEntryKey(std::move(entryKey)), mRow(row), mJourney(journey) {}
 
+  /// path is a copy of what the row holds.
   bool Move(const std::string &path, const PathField &field) {
     const std::string folder = GetPathPart(mState, path);
     const std::string name = GetFilePart(mState, path);
@@ -68,49 +71,51 @@ public:
     BeginPart(mState, path);
     if (!MayReplace(path, newPath))
       return false;
-    if (!MoveFile(mState, folder, name, mJourney.destination, name)) {
-      ShowError(mState, GetLastFileError(mState));
+    const Recording recording{[&] { return ReserveFor(path, field); }, [&] { return Record(field, newPath); }};
+    const auto withdraw = [&] {
+      const auto reservation = ReserveEntry(mState, KeyChange::Write, mEntryKey);
+      return reservation && Record(field, path);
+    };
+    if (!MoveFile(mState, folder, name, mJourney.destination, name, recording, withdraw)) {
+      if (!GetLastFileError(mState).empty())
+        ShowError(mState, GetLastFileError(mState));
       return false;
     }
     mJourney.placed.insert(FoldCase(newPath));
-    if (!Record(field, newPath, folder, name))
-      return false;
-    mRow.SetSubItems(field.column, newPath);
     return true;
   }
 
 private:
-  /// A file of the past is replaced, for which there is no way back: the new place must be one that can be recorded. A
-  /// file that has just come from another folder is not replaced.
+  /// A file that has just come from another folder is not replaced.
   bool MayReplace(const std::string &path, const std::string &newPath) {
-    if (!FileExists(mState, newPath) || !FileExists(mState, path))
+    if (!mJourney.placed.contains(FoldCase(newPath)) || !FileExists(mState, newPath) || !FileExists(mState, path))
       return true;
-    if (mJourney.placed.contains(FoldCase(newPath))) {
-      ShowError(mState, AsOneLine(path) + Newlines(2) + "Another file of this name has just been moved there.");
-      return false;
-    }
-    return OrTellWhy(mState, [this] { return RegistryKeyMayBeDeleted(mState, LocalMachine, mEntryKey); });
-  }
-
-  /// A tree that fails by throwing must not leave the file where nothing points at it, either.
-  bool Record(const PathField &field, const std::string &newPath, const std::string &folder, const std::string &name) {
-    try {
-      if (SetRegistryValue(mState, LocalMachine, mEntryKey, field.valueName, newPath))
-        return true;
-    } catch (const std::exception &error) {
-      ShowError(mState, DescriptionOf(error));
-    }
-    PutBack(newPath, folder, name);
+    ShowError(mState, AsOneLine(path) + Newlines(2) + "Another file of this name has just been moved there.");
     return false;
   }
 
-  void PutBack(const std::string &newPath, const std::string &folder, const std::string &name) {
-    // A source that could not be deleted is where it was.
-    if (FileExists(mState, AddBackslash(folder) + name))
-      return;
-    if (!MoveFile(mState, mJourney.destination, name, folder, name))
+  /// The copy may have taken long, and the entry may be another process's work by now, or gone.
+  std::unique_ptr<RegistryReservation> ReserveFor(const std::string &path, const PathField &field) {
+    auto reservation = ReserveEntry(mState, KeyChange::Write, mEntryKey);
+    if (reservation && GetRegistryValue(mState, LocalMachine, mEntryKey, field.valueName, "") != path) {
+      reservation.reset();
       ShowError(mState,
-                GetLastFileError(mState) + Newlines(2) + "The file is now here." + Newlines(2) + AsOneLine(newPath));
+                AsOneLine(path) + Newlines(2) + "Another program has changed the entry of this file. It has not been moved.");
+    }
+    return reservation;
+  }
+
+  /// A refusal stands in the verdict; a tree that fails by throwing must not leave the file where nothing points at it.
+  bool Record(const PathField &field, const std::string &newPath) {
+    try {
+      if (!SetRegistryValue(mState, LocalMachine, mEntryKey, field.valueName, newPath))
+        return false;
+    } catch (const std::exception &error) {
+      mState.lastFileError = DescriptionOf(error);
+      return false;
+    }
+    mRow.SetSubItems(field.column, newPath);
+    return true;
   }
 
   SharedState &mState;
@@ -122,13 +127,13 @@ private:
 bool MoveFiles(SharedState &state, Row &row, Journey &journey) {
   FileMover mover(state, CourseEntryKey(row.Tag()), row, journey);
   return std::ranges::all_of(CourseFields, [&](const PathField &field) {
-    const std::string &path = row.SubItems(field.column);
+    const std::string path = row.SubItems(field.column);
     return path.empty() || mover.Move(path, field);
   });
 }
 
 bool MoveLibraryFile(SharedState &state, Row &row, Journey &journey) {
-  const std::string &path = row.SubItems(column::Filename);
+  const std::string path = row.SubItems(column::Filename);
   return path.empty() || FileMover(state, LibraryEntryKey(row.Tag()), row, journey).Move(path, FilenameField);
 }
 
@@ -137,12 +142,16 @@ bool MoveOrphan(SharedState &state, const std::string &libraryKey, Journey &jour
   return library != nullptr && MoveLibraryFile(state, *library, journey);
 }
 
+constexpr std::string_view LibrariesStay = "The course has been moved. Its libraries that were still to be moved stay.";
+
 /// A library that fails does not keep the others from being asked about.
 bool MoveOrphans(SharedState &state, const Row &course, Journey &journey) {
   bool moved = true;
-  OfferOrphans(state, course.Tag(), course.SubItems(column::Libraries), LoadResString(StringId::WishToMove),
-               [&](const std::string &libraryKey) { moved = MoveOrphan(state, libraryKey, journey) && moved; });
-  return moved;
+  const bool finished = OfferOrphans(
+      state, course.Tag(), course.SubItems(column::Libraries), LoadResString(StringId::WishToMove),
+      [&] { return !StoppedByChange(state, LibrariesStay); },
+      [&](const std::string &libraryKey) { moved = MoveOrphan(state, libraryKey, journey) && moved; });
+  return finished && moved;
 }
 
 /// Of all that may move, the libraries that are still to be asked about included.
@@ -164,6 +173,8 @@ bool MoveItem(SharedState &state, const MoveRequest &request, StatusWindow &wind
     ShowError(state, LoadResString(StringId::NothingSelected));
     return false;
   }
+  if (StoppedByChange(state, "Nothing has been moved."))
+    return false;
   double totalBytes = 0;
   PassOver([&] { totalBytes = SumOfSizes(state, *request.item); });
   WorkInProgress work(state, window, totalBytes);

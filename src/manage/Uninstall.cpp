@@ -6,11 +6,12 @@
 #include "catalogue/Catalogue.h"
 #include "catalogue/CatalogueRows.h"
 #include "catalogue/Dependencies.h"
+#include "catalogue/LoadLists.h"
 #include "catalogue/Selection.h"
 #include "catalogue/SideFiles.h"
-#include "manage/OrTellWhy.h"
 #include "platform/ShownText.h"
 #include "support/ErrorHandling.h"
+#include "support/OrTellWhy.h"
 #include "support/Prompts.h"
 #include "support/StringTable.h"
 #include "support/basVorinFile.h"
@@ -33,7 +34,7 @@ public:
 
   void Note(const std::string &path, bool isGone) {
     if (!isGone)
-      mWords += Newlines(1) + path + ": " + GetLastFileError(mState);
+      mWords += Newlines(1) + AsOneLine(path) + ": " + GetLastFileError(mState);
   }
 
   void Tell() const {
@@ -46,9 +47,15 @@ private:
   std::string mWords;
 };
 
-/// Files cannot be brought back, so the key that goes last is looked at first.
-bool KeyMayGo(SharedState &state, const std::string &entryKey) {
-  return OrTellWhy(state, [&] { return RegistryKeyMayBeDeleted(state, LocalMachine, entryKey); });
+/// Files cannot be brought back: before the first goes, the key that goes last is made sure of, and that the answers
+/// were given to what still is so. Null when the user has been told that this stops the work; untouched says what
+/// stays.
+std::unique_ptr<RegistryReservation> ReserveDeletion(SharedState &state, const std::string &entryKey,
+                                                     std::string_view untouched) {
+  auto reservation = ReserveEntry(state, KeyChange::Delete, entryKey);
+  if (reservation && StoppedByChange(state, untouched))
+    reservation.reset();
+  return reservation;
 }
 
 bool DeleteEntry(SharedState &state, const std::string &entryKey) {
@@ -60,6 +67,8 @@ void RemoveRow(ListView &list, std::string_view key) {
   if (Row *row = list.FindKey(key))
     list.Remove(*row);
 }
+
+constexpr std::string_view NothingUninstalled = "Nothing has been uninstalled.";
 
 bool UsersAccept(SharedState &state, std::string_view libraryKey) {
   if (!state.allCoursesListed) {
@@ -77,10 +86,13 @@ bool UsersAccept(SharedState &state, std::string_view libraryKey) {
 
 bool DeleteLibrary(SharedState &state, std::string_view libraryKey, bool askIfUsed, FilesLeft &left) {
   const std::string entryKey = LibraryEntryKey(libraryKey);
-  const std::string libraryFile = GetLibraryFilename(state, libraryKey);
-  if ((askIfUsed && !UsersAccept(state, libraryKey)) || !KeyMayGo(state, entryKey))
+  if (askIfUsed && !UsersAccept(state, libraryKey))
     return false;
-  left.Delete(libraryFile);
+  const auto reservation =
+      ReserveDeletion(state, entryKey, askIfUsed ? NothingUninstalled : "The library has not been uninstalled.");
+  if (!reservation)
+    return false;
+  left.Delete(GetLibraryFilename(state, libraryKey));
   if (!DeleteEntry(state, entryKey))
     return false;
   left.Note(LibrarySwapFilePath(state, libraryKey), DeleteLibrarySwapFile(state, libraryKey));
@@ -139,19 +151,37 @@ bool UninstallSelected(SharedState &state) {
 
 bool UninstallCourse(SharedState &state, std::string_view courseKey, std::string_view libraryList) {
   const std::string entryKey = CourseEntryKey(courseKey);
+  auto reservation = ReserveDeletion(state, entryKey, NothingUninstalled);
+  if (!reservation)
+    return false;
   const std::array media = {GetCoursePicture(state, courseKey), GetCourseMusic(state, courseKey),
                             GetCourseVideo(state, courseKey), GetCourseText(state, courseKey)};
   const std::string courseFile = GetCourseFilename(state, courseKey);
-  if (!KeyMayGo(state, entryKey))
-    return false;
   FilesLeft left(state);
   for (const std::string &path : media)
     left.Delete(path);
   left.Note(CourseStatsPath(state, courseKey), DeleteCourseStats(state, courseKey));
-  OfferOrphans(state, courseKey, libraryList, LoadResString(StringId::WishToDelete),
-               [&](const std::string &libraryKey) { DeleteLibrary(state, libraryKey, false, left); });
-  left.Delete(courseFile);
-  const bool gone = DeleteEntry(state, entryKey);
+
+  std::string stillThere = "The course is still installed. Its media and statistics have been deleted.";
+  const auto mayGoOn = [&] {
+    // Not held across a question. A course that another process installs meanwhile may need the library.
+    reservation.reset();
+    return !StoppedByChange(state, stillThere);
+  };
+  const auto uninstall = [&](const std::string &libraryKey) {
+    const std::string name = GetLibraryName(state, libraryKey);
+    if (DeleteLibrary(state, libraryKey, false, left))
+      stillThere += Newlines(2) + AsOneLine(name) + Newlines(1) + "This library has been uninstalled.";
+  };
+  bool gone = OfferOrphans(state, courseKey, libraryList, LoadResString(StringId::WishToDelete), mayGoOn, uninstall);
+  if (gone && !reservation)
+    reservation = ReserveDeletion(state, entryKey, stillThere);
+  gone = gone && reservation;
+  if (gone) {
+    left.Delete(courseFile);
+    gone = DeleteEntry(state, entryKey);
+  }
+  reservation.reset();
   if (gone)
     RemoveRow(state.lstCourses, courseKey);
   left.Tell();

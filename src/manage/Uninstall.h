@@ -13,9 +13,10 @@ namespace turfdesk {
 /// when the course or library is gone.
 bool UninstallSelected(SharedState &state);
 
-// Both delete files first and the catalogue key last, and take the row out of its list. Nothing is touched where it is
-// known beforehand that the key cannot be deleted; the reason has been shown when the result is false. A file that
-// cannot be deleted stays, and the rest goes.
+// Both delete files first and the catalogue key last, and take the row out of its list. Before the first file goes, the
+// deletion of the key is reserved and the catalogue must be as it was loaded; what another process has changed while a
+// question stood stops the work. The reason has been shown when the result is false. A file that cannot be deleted
+// stays, and the rest goes.
 
 /// Deletes a course with its media and statistics, and asks about each library of its library list that no other
 /// course uses. False when its key could not be deleted.

@@ -5,6 +5,7 @@
 
 #include "catalogue/CatalogueRows.h"
 #include "catalogue/Dependencies.h"
+#include "catalogue/LoadLists.h"
 #include "packaging/basVorinZip.h"
 #include "platform/ShownText.h"
 #include "support/ErrorHandling.h"
@@ -164,7 +165,8 @@ bool RunCompress(SharedState &state, const CompressRequest &request, StatusWindo
   state.screen.DoEvents();
   // Where a check itself fails nothing is written: the package could replace a file that nobody agreed to lose.
   std::unique_ptr<ZipLayer> zip;
-  PassOver([&] { zip = Prepare(state, request); });
+  if (!StoppedByChange(state, "Nothing has been compressed."))
+    PassOver([&] { zip = Prepare(state, request); });
   const bool ok = zip != nullptr && WritePackage(state, *zip, window);
 
   window.FileLabel().SetCaption("");

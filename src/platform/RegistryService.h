@@ -4,10 +4,30 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 
 namespace turfdesk {
+
+/// What is going to be done with a key.
+enum class KeyChange {
+  /// Values are written to a key that exists.
+  Write,
+  /// The same, and a key that is absent is made.
+  Create,
+  Delete,
+};
+
+/// What a change of the tree needs, taken beforehand and held as long as the object lives: what other processes do can
+/// no longer make the change fail. They have to wait meanwhile, so none is held across a question or a long copy.
+class RegistryReservation {
+public:
+  RegistryReservation() = default;
+  RegistryReservation(const RegistryReservation &) = delete;
+  RegistryReservation &operator=(const RegistryReservation &) = delete;
+  virtual ~RegistryReservation() = default;
+};
 
 /// The settings tree: keys that hold named values and subkeys. Stateful: it knows one root and one open key at a time.
 ///
@@ -32,15 +52,22 @@ public:
   virtual void HoldStill(bool) {}
   /// Zero when the last operation succeeded.
   virtual long LastError() const = 0;
-  /// Words for the last failure. Closing the key leaves them, so that they can be fetched after it.
+  /// Words for the failure of the last operation, "" when there was none. Closing the key counts as no operation, so
+  /// that they can be fetched after it.
   virtual std::string LastErrorText() const = 0;
   /// Closes the open key; nothing happens when none is open.
   virtual void CloseKey() = 0;
   /// Deletes the key and its values, and is true when that worked. A key with subkeys is not deleted.
   virtual bool DeleteKey(std::string_view keyPath) = 0;
-  /// Would DeleteKey work at this moment? If not, LastErrorText has the words that it would leave. For work that has to
-  /// delete other things first.
-  virtual bool MayDeleteKey(std::string_view keyPath) = 0;
+  /// Makes sure that a key can be changed, and holds what that needs; for work that has to touch files first. Null when
+  /// the change would be refused, and LastErrorText has the words. Throws RuntimeError 70, after the usual patience,
+  /// while another process uses the tree. At most one reservation at a time.
+  virtual std::unique_ptr<RegistryReservation> Reserve(KeyChange change, std::string_view keyPath) = 0;
+  /// From now on WatchedKeyChanged tells of this key, which need not exist, and of all below it.
+  virtual void WatchKey(std::string_view keyPath) = 0;
+  /// Has another process changed the watched key since WatchKey? Changes made through this platform object do not
+  /// count, nor does what left the content as it was. Cheap when nobody has changed anything.
+  virtual bool WatchedKeyChanged() = 0;
   /// Number of subkeys of the open key.
   virtual std::int32_t SubkeyCount() = 0;
   /// Does the key exist under the root? Needs no open key and leaves an open one as it is.

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -52,6 +53,18 @@ private:
 
 /// What a file is written under until it has its own name.
 inline constexpr TemporaryNames StagedFileNames{".turfdesk-", ".tmp"};
+/// What a file is set aside under that is about to be replaced: such a name, a dash and the file's own name.
+inline constexpr TemporaryNames SetAsideNames{".turfdesk-kept-", ""};
+
+/// The name that a file had before it was set aside; nothing for any other name.
+inline std::optional<std::string> NameBeforeSetAside(std::string_view name) {
+  constexpr std::size_t length =
+      SetAsideNames.beginning.size() + TemporaryNames::RandomLength + TemporaryNames::CheckLength;
+  if (name.size() <= length + 1 || name[length] != '-' || !SetAsideNames.Include(name.substr(0, length)))
+    return std::nullopt;
+  return std::string(name.substr(length + 1));
+}
+
 /// Folders of running programs for what they need for a while.
 inline constexpr TemporaryNames TempFolderNames{"turfdesk-temp-", ""};
 

@@ -50,10 +50,7 @@ void btnCourseMove_Click(SharedState &state, QWidget &window) {
 
 void btnCourseClear_Click(SharedState &state, QWidget &) { ClearSelectedStatistics(state); }
 
-void btnRefresh_Click(SharedState &state, QWidget &) {
-  LoadCourses(state);
-  LoadLibraries(state);
-}
+void btnRefresh_Click(SharedState &state, QWidget &) { LoadLists(state); }
 
 void btnCourseDownload_Click(SharedState &state, QWidget &) {
   state.fileService->OpenDocument(state.courseDownload);
@@ -72,18 +69,18 @@ void btnConvertQuillon_Click(SharedState &state, QWidget &) { RunQuillonConverte
 void btnExit_Click(SharedState &, QWidget &) { QCoreApplication::exit(0); }
 
 constexpr std::array Commands = {
-    MainCommand{"btnCourseInstall", false, &btnCourseInstall_Click},
-    MainCommand{"btnCourseProperties", false, &btnCourseProperties_Click},
-    MainCommand{"btnCourseUninstall", false, &btnCourseUninstall_Click},
-    MainCommand{"btnCourseMove", false, &btnCourseMove_Click},
-    MainCommand{"btnCourseCompress", true, &OpenCompressDialog},
-    MainCommand{"btnCourseClear", true, &btnCourseClear_Click},
-    MainCommand{"btnRefresh", false, &btnRefresh_Click},
-    MainCommand{"btnConvertQuillon", false, &btnConvertQuillon_Click},
-    MainCommand{"btnConvert", false, &frmCourseConvert::Open},
-    MainCommand{"btnAbout", false, &btnAbout_Click},
-    MainCommand{"btnExit", false, &btnExit_Click},
-    MainCommand{"btnCourseDownload", false, &btnCourseDownload_Click},
+    MainCommand{"btnCourseInstall", false, true, &btnCourseInstall_Click},
+    MainCommand{"btnCourseProperties", false, true, &btnCourseProperties_Click},
+    MainCommand{"btnCourseUninstall", false, true, &btnCourseUninstall_Click},
+    MainCommand{"btnCourseMove", false, true, &btnCourseMove_Click},
+    MainCommand{"btnCourseCompress", true, true, &OpenCompressDialog},
+    MainCommand{"btnCourseClear", true, true, &btnCourseClear_Click},
+    MainCommand{"btnRefresh", false, false, &btnRefresh_Click},
+    MainCommand{"btnConvertQuillon", false, false, &btnConvertQuillon_Click},
+    MainCommand{"btnConvert", false, false, &frmCourseConvert::Open},
+    MainCommand{"btnAbout", false, false, &btnAbout_Click},
+    MainCommand{"btnExit", false, false, &btnExit_Click},
+    MainCommand{"btnCourseDownload", false, false, &btnCourseDownload_Click},
 };
 
 constexpr std::array CourseEntries = {

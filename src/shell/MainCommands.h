@@ -18,6 +18,8 @@ struct MainCommand {
   const char *button;
   /// There is nothing for it to do while the commands act on the list of libraries.
   bool coursesOnly;
+  /// It takes its input from the lists, or changes what they show.
+  bool actsOnCatalogue;
   /// window is the main window, over which dialogs open.
   void (*run)(SharedState &state, QWidget &window);
 };

@@ -14,6 +14,8 @@
 #include "widgets/QtText.h"
 #include "widgets/WindowFitter.h"
 
+#include <QApplication>
+#include <QEvent>
 #include <QPainter>
 #include <QVBoxLayout>
 
@@ -59,8 +61,7 @@ frmTurfManager::~frmTurfManager() = default;
 void frmTurfManager::Form_Load() {
   mLoadingBackground = LoadBackground(devicePixelRatioF());
   MakeControls();
-  LoadCourses(mState);
-  LoadLibraries(mState);
+  LoadLists(mState);
   RegisterFileTypes(mState);
   emit Loaded();
 }
@@ -94,7 +95,7 @@ void frmTurfManager::MakeControls() {
 
 void frmTurfManager::Form_Activate() {
   if (!mState.commandFile.empty())
-    Run("btnCourseInstall");
+    Run(CommandOfButton("btnCourseInstall"));
 }
 
 void frmTurfManager::ConnectList(RowListWidget &list, std::int32_t which, QMenu &menu) {
@@ -103,7 +104,7 @@ void frmTurfManager::ConnectList(RowListWidget &list, std::int32_t which, QMenu 
     EnableCommands();
   });
   connect(&list, &RowListWidget::ContextMenuRequested, &menu, [&menu](const QPoint &place) { menu.popup(place); });
-  connect(&list, &RowListWidget::DoubleClicked, this, [this] { Run("btnCourseProperties"); });
+  connect(&list, &RowListWidget::DoubleClicked, this, [this] { Choose("btnCourseProperties"); });
 }
 
 void frmTurfManager::ConnectButtons() {
@@ -111,7 +112,7 @@ void frmTurfManager::ConnectButtons() {
     auto *button = findChild<QPushButton *>(command.button);
     // Enter presses the button that has the focus, as it does in a dialog.
     button->setAutoDefault(true);
-    connect(button, &QPushButton::clicked, this, [this, &command] { Run(command.button); });
+    connect(button, &QPushButton::clicked, this, [this, &command] { Choose(command.button); });
   }
 }
 
@@ -123,7 +124,7 @@ QMenu *frmTurfManager::MakeMenu(const char *name, const char *title, std::span<c
     QAction *action = isLine ? menu->addSeparator() : menu->addAction(entry.caption);
     action->setObjectName(entry.name);
     if (!isLine)
-      connect(action, &QAction::triggered, this, [this, &entry] { Run(entry.button); });
+      connect(action, &QAction::triggered, this, [this, &entry] { Choose(entry.button); });
   }
   return menu;
 }
@@ -137,12 +138,14 @@ void frmTurfManager::EnableCommands() {
         findChild<QAction *>(entry.name)->setEnabled(IsAvailable(mState, CommandOfButton(entry.button)));
 }
 
-void frmTurfManager::Run(std::string_view button) {
+void frmTurfManager::Choose(std::string_view button) {
   const MainCommand &command = CommandOfButton(button);
-  if (IsAvailable(mState, command))
-    Guarded(mState,
-            "frmTurfManager." + std::string(button) + "_Click(): ", [this, &command] { command.run(mState, *this); });
-  ShowInstalled();
+  if (!IsAvailable(mState, command) || (command.actsOnCatalogue && LoadAgainIfChanged(mState)))
+    return;
+  Run(command);
+  // A command that was stopped by a change has told of it, and the lists are still those of before.
+  if (command.actsOnCatalogue)
+    NoticeOtherProcesses();
 }
 
 void frmTurfManager::ShowInstalled() {
@@ -157,6 +160,27 @@ void frmTurfManager::ShowInstalled() {
   ActivateList(mState, installed.list);
   EnableCommands();
   rows.Select(row);
+}
+
+void frmTurfManager::Run(const MainCommand &command) {
+  const CommandAtWork atWork(mState);
+  Guarded(mState, "frmTurfManager." + std::string(command.button) + "_Click(): ", [this, &command] {
+    command.run(mState, *this);
+  });
+  ShowInstalled();
+}
+
+void frmTurfManager::NoticeOtherProcesses() {
+  // Not before the lists are loaded for the first time, nor while another window has the word.
+  if (mUi != nullptr && QApplication::activeModalWidget() == nullptr)
+    LoadAgainIfChanged(mState);
+}
+
+bool frmTurfManager::event(QEvent *event) {
+  // Later, since no window opens well while another is being activated.
+  if (event->type() == QEvent::WindowActivate)
+    QMetaObject::invokeMethod(this, &frmTurfManager::NoticeOtherProcesses, Qt::QueuedConnection);
+  return QWidget::event(event);
 }
 
 void frmTurfManager::paintEvent(QPaintEvent *) {

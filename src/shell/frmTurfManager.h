@@ -29,7 +29,8 @@ class frmTurfManager final : public QWidget {
 
 public:
   /// The window shows its picture at once and loads when that is painted: it makes its controls, fills both lists,
-  /// announces the file types and then, if state.commandFile names a file, opens the install dialog.
+  /// announces the file types and then, if state.commandFile names a file, opens the install dialog. When another
+  /// process has changed the catalogue, it says so and loads again, as soon as it is activated or a command is chosen.
   explicit frmTurfManager(SharedState &state);
   ~frmTurfManager() override;
 
@@ -38,6 +39,7 @@ signals:
   void Loaded();
 
 protected:
+  bool event(QEvent *event) override;
   void paintEvent(QPaintEvent *event) override;
 
 private:
@@ -48,7 +50,10 @@ private:
   void ConnectButtons();
   QMenu *MakeMenu(const char *name, const char *title, std::span<const MenuEntry> entries);
   void EnableCommands();
-  void Run(std::string_view button);
+  /// What a button, an entry of a menu and a double click do.
+  void Choose(std::string_view button);
+  void Run(const MainCommand &command);
+  void NoticeOtherProcesses();
   void ShowInstalled();
 
   SharedState &mState;

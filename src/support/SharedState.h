@@ -53,7 +53,7 @@ struct SharedState {
   std::string defaultDir;
   std::string courseDownload;
   std::string workingAvi;
-  /// Words of the last failed copy or delete. Never cleared: it means something only right after a false result.
+  /// Words of the last failed copy or delete. It means something only right after a false result.
   std::string lastFileError;
   /// The value that QueryValue fetched last.
   std::string registryResult;
@@ -78,6 +78,8 @@ struct SharedState {
   /// The rows name no libraries, but the courses may use some.
   std::map<std::string, std::string, std::less<>> coursesOutOfReach;
   ListView lstLibraries;
+  /// Commands that hold on to rows at this moment: the lists are not to be loaded anew.
+  int commandsAtWork = 0;
 };
 
 /// Root of the settings tree that everything but the file types lies under.

@@ -64,10 +64,11 @@ bool DeleteIfThere(SharedState &state, std::string_view path) {
   return !FileMayExist(state, path) || DeleteFile(state, path) || !FileMayExist(state, path);
 }
 
-bool CopyFile(SharedState &state, std::string_view sourceDir, std::string_view sourceName,
-              std::string_view destinationDir, std::string_view destinationName) {
+namespace {
+
+std::unique_ptr<StagedCopy> Stage(SharedState &state, const std::string &source, const std::string &destination) {
   bool begun = false;
-  const auto report = [&state, &begun](std::uint64_t done, std::uint64_t total) {
+  return state.platform.Copier().Stage(source, destination, [&state, &begun](std::uint64_t done, std::uint64_t total) {
     if (state.workProgress != nullptr) {
       if (!begun)
         state.workProgress->Begin(total);
@@ -75,32 +76,92 @@ bool CopyFile(SharedState &state, std::string_view sourceDir, std::string_view s
     }
     begun = true;
     state.screen.Repaint();
-  };
+  });
+}
+
+/// What cannot come back under its name is not lost, and the user is told where it is.
+void TakeBack(SharedState &state, StagedCopy &copy) {
   try {
-    state.platform.Copier().Copy(AddBackslash(sourceDir) + std::string(sourceName),
-                                 AddBackslash(destinationDir) + std::string(destinationName), report);
-    return true;
+    copy.TakeBack();
   } catch (const std::exception &error) {
-    state.lastFileError = DescriptionOf(error);
-    return false;
+    if (copy.HasReplaced())
+      ShowError(state, DescriptionOf(error) + Newlines(2) + "The file is now here." + Newlines(2) + AsOneLine(copy.SetAsidePath()));
   }
 }
 
-bool MoveFile(SharedState &state, std::string_view sourceDir, std::string_view sourceName,
-              std::string_view destinationDir, std::string_view destinationName) {
-  if (!CopyFile(state, sourceDir, sourceName, destinationDir, destinationName))
-    return false;
-  const std::string source = AddBackslash(sourceDir) + std::string(sourceName);
-  // The last look before the only step that could lose something.
-  if (GetFileSize(state, source) != GetFileSize(state, AddBackslash(destinationDir) + std::string(destinationName))) {
-    state.lastFileError = ErrorText(ErrorNumber::DeviceIo);
-    return false;
+enum class Unrecorded { TakenBack, StaysWhereItReplacesNothing };
+
+/// A copy that bears its name and is recorded; null when that did not come about.
+std::unique_ptr<StagedCopy> CopyAndRecord(SharedState &state, const std::string &source, const std::string &destination,
+                                          const Recording &recording, Unrecorded unrecorded) {
+  state.lastFileError.clear();
+  std::unique_ptr<StagedCopy> copy;
+  try {
+    copy = Stage(state, source, destination);
+  } catch (const std::exception &error) {
+    state.lastFileError = DescriptionOf(error);
+    return nullptr;
   }
-  if (DeleteFile(state, source))
+  const std::unique_ptr<RegistryReservation> reservation = recording.reserve();
+  if (!reservation)
+    return nullptr;
+  try {
+    copy->Place();
+  } catch (const std::exception &error) {
+    state.lastFileError = DescriptionOf(error);
+    return nullptr;
+  }
+  const auto takeBack = [&] {
+    if (copy->HasReplaced() || unrecorded == Unrecorded::TakenBack)
+      TakeBack(state, *copy);
+  };
+  try {
+    if (recording.write())
+      return copy;
+  } catch (...) {
+    takeBack();
+    throw;
+  }
+  takeBack();
+  return nullptr;
+}
+
+} // namespace
+
+bool CopyFile(SharedState &state, std::string_view sourceDir, std::string_view sourceName,
+              std::string_view destinationDir, std::string_view destinationName, const Recording &recording) {
+  const auto copy = CopyAndRecord(state, AddBackslash(sourceDir) + std::string(sourceName),
+                                  AddBackslash(destinationDir) + std::string(destinationName), recording,
+                                  Unrecorded::StaysWhereItReplacesNothing);
+  if (copy)
+    copy->Keep();
+  return copy != nullptr;
+}
+
+bool MoveFile(SharedState &state, std::string_view sourceDir, std::string_view sourceName,
+              std::string_view destinationDir, std::string_view destinationName, const Recording &recording,
+              const std::function<bool()> &withdraw) {
+  const std::string source = AddBackslash(sourceDir) + std::string(sourceName);
+  const std::string destination = AddBackslash(destinationDir) + std::string(destinationName);
+  const auto copy = CopyAndRecord(state, source, destination, recording, Unrecorded::TakenBack);
+  if (!copy)
+    return false;
+  // The last look before the only step that could lose something.
+  const bool isComplete = GetFileSize(state, source) == GetFileSize(state, destination);
+  if (!isComplete)
+    state.lastFileError = ErrorText(ErrorNumber::DeviceIo);
+  if (isComplete && (DeleteFile(state, source) ||
+                     AskOkCancel(state, "The source file cannot be deleted.  If you are moving\r\n"
+                                        "this file from a CD-ROM drive click OK to continue.  Otherwise,\r\n"
+                                        "click OK to continue or Cancel to end this operation."))) {
+    copy->Keep();
     return true;
-  return AskOkCancel(state, "The source file cannot be deleted.  If you are moving\r\n"
-                            "this file from a CD-ROM drive click OK to continue.  Otherwise,\r\n"
-                            "click OK to continue or Cancel to end this operation.");
+  }
+  if (!withdraw())
+    copy->Keep();
+  else if (copy->HasReplaced() || !isComplete)
+    TakeBack(state, *copy);
+  return false;
 }
 
 const std::string &GetLastFileError(const SharedState &state) { return state.lastFileError; }

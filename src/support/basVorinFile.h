@@ -5,6 +5,8 @@
 
 #include "support/SharedState.h"
 
+#include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -38,15 +40,30 @@ bool DeleteFile(SharedState &state, std::string_view path);
 /// True when no such file is left, whether or not there was one; false also where that cannot be known.
 bool DeleteIfThere(SharedState &state, std::string_view path);
 
-/// Copies over an existing destination without asking. Tells state.workProgress how far it has come and lets windows
-/// repaint meanwhile.
-bool CopyFile(SharedState &state, std::string_view sourceDir, std::string_view sourceName,
-              std::string_view destinationDir, std::string_view destinationName);
+/// The change of the settings tree that goes with a copy.
+struct Recording {
+  /// Takes what the change needs, when the copy is complete but does not bear its name yet. Null ends the copy; the
+  /// user has been told why.
+  std::function<std::unique_ptr<RegistryReservation>()> reserve;
+  /// Makes the change, when the copy bears its name. Where it is false a file that was replaced comes back; it may
+  /// leave words in state.lastFileError.
+  std::function<bool()> write;
+};
 
-/// Copies, then deletes the source. A source that cannot be deleted is a question to the user: OK is true, with the
-/// file in both places; Cancel is false, with the copy left at the destination.
+/// Copies over an existing destination without asking, and records it. Where that fails before there is anything to
+/// record, nothing has changed; a copy that has replaced nothing stays also when it could not be recorded. Tells
+/// state.workProgress how far it has come and lets windows repaint meanwhile. When it is false GetLastFileError has the
+/// words, "" where nothing is left to be told.
+bool CopyFile(SharedState &state, std::string_view sourceDir, std::string_view sourceName,
+              std::string_view destinationDir, std::string_view destinationName, const Recording &recording);
+
+/// Copies, records and then deletes the source. Where it is false nothing has changed, with one exception: a source
+/// that cannot be deleted is a question to the user. OK is true, with the file in both places; Cancel is false, with
+/// the copy left at the destination unless it has replaced a file. Then, or where the copy turns out to be no good,
+/// withdraw records the old place again; false from it leaves the copy recorded.
 bool MoveFile(SharedState &state, std::string_view sourceDir, std::string_view sourceName,
-              std::string_view destinationDir, std::string_view destinationName);
+              std::string_view destinationDir, std::string_view destinationName, const Recording &recording,
+              const std::function<bool()> &withdraw);
 
 /// Words of the last failed copy or delete.
 const std::string &GetLastFileError(const SharedState &state);

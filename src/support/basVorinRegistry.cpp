@@ -81,14 +81,19 @@ bool DeleteRegistryKey(SharedState &state, std::string_view root, std::string_vi
   RegistryService &service = *state.registryService;
   service.SetRootKey(root);
   bool deleted = false;
-  for (int attempt = 0; attempt < MostDeleteAttempts && service.KeyExists(key); ++attempt)
+  int attempt = 0;
+  for (; attempt < MostDeleteAttempts && service.KeyExists(key); ++attempt)
     deleted = service.DeleteKey(key);
+  // That there is no such key is an answer without words; the opening has them.
+  if (!deleted && attempt < MostDeleteAttempts && service.OpenKey(key, false))
+    service.CloseKey();
   return deleted;
 }
 
-bool RegistryKeyMayBeDeleted(SharedState &state, std::string_view root, std::string_view key) {
+std::unique_ptr<RegistryReservation> ReserveRegistryKey(SharedState &state, KeyChange change, std::string_view root,
+                                                        std::string_view key) {
   state.registryService->SetRootKey(root);
-  return state.registryService->MayDeleteKey(key);
+  return state.registryService->Reserve(change, key);
 }
 
 StringList GetSubkeys(SharedState &state, std::string_view root, std::string_view key) {

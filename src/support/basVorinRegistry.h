@@ -6,6 +6,7 @@
 #include "support/SharedState.h"
 #include "support/basVorinString.h"
 
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -27,11 +28,12 @@ bool SetRegistryValue(SharedState &state, std::string_view root, std::string_vie
 bool RegistryValueExists(SharedState &state, std::string_view root, std::string_view key, std::string_view valueName);
 bool RegistryKeyExists(SharedState &state, std::string_view root, std::string_view key);
 
-/// True when the key went away. False when it did not exist or cannot be deleted.
+/// True when the key went away. False when it did not exist or cannot be deleted, and GetRegistryError has the words.
 bool DeleteRegistryKey(SharedState &state, std::string_view root, std::string_view key);
 
-/// Would DeleteRegistryKey work at this moment? For work that cannot be undone and ends with the key.
-bool RegistryKeyMayBeDeleted(SharedState &state, std::string_view root, std::string_view key);
+/// RegistryService::Reserve: what a change of the key needs, held by the result. Null when the change would be refused.
+std::unique_ptr<RegistryReservation> ReserveRegistryKey(SharedState &state, KeyChange change, std::string_view root,
+                                                        std::string_view key);
 
 /// Names of the key's subkeys in the tree's order; no list when there are none or the key is missing.
 StringList GetSubkeys(SharedState &state, std::string_view root, std::string_view key);

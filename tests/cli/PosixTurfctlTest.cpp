@@ -30,6 +30,24 @@ TEST_F(PosixTurfctlTest, AFileThatCannotBeReadIsNamedAndAnAnswerThatCannotBeWrit
   EXPECT_EQ(test::RunProgram("/bin/sh", {"-c", command + "settings list > /dev/full"}, "").status, 1);
 }
 
+TEST_F(PosixTurfctlTest, WhatAnotherProcessInstallsUnderAQuestionKeepsTheLibraryThatItNeeds) {
+  samples::WriteCourse(Host("Golf/Elm.hlc"), elm);
+  samples::WriteLibrary(Host("Golf/Grass.hlb"), grass);
+  samples::WriteCourse(Host("Golf/Need.hlc"), {.name = "Need", .libraries = {grass}});
+  ASSERT_EQ(Run("--yes install 'C:\\Golf\\Elm.hlc' 'C:\\Golf\\Grass.hlb'").status, 0);
+  // The second begins when the first has asked, and the first is answered when the second has ended.
+  const std::string script = "coproc " + command +
+                             "--ask uninstall 'Old Elm' 2>&1\nread -ru ${COPROC[0]} -d ? asked\n" + command +
+                             "--yes install 'C:\\Golf\\Need.hlc' > /dev/null\necho y >&${COPROC[1]}\n" +
+                             "cat <&${COPROC[0]}\n" + command + "list";
+  const test::ProgramRun run = test::RunProgram("/bin/bash", {"-c", script}, "");
+  EXPECT_NE(run.output.find("The catalogue was changed by another program."), std::string::npos) << run.output;
+  EXPECT_EQ(run.output.find("Do you wish to delete it?"), std::string::npos) << run.output;
+  for (const char *name : {"Golf/Elm.hlc", "Golf/Grass.hlb", "Golf/Need.hlc"})
+    EXPECT_TRUE(std::filesystem::exists(Host(name))) << name;
+  EXPECT_NE(run.output.find("Old Elm\n"), std::string::npos) << run.output;
+}
+
 TEST_F(PosixTurfctlTest, NoFolderIsTakenForAnother) {
   const auto shell = [this](const std::string &work) {
     const std::string gone = home.Path().string() + "/gone";

@@ -85,9 +85,9 @@ bool FaultyRegistry::DeleteKey(std::string_view keyPath) {
   return deleted;
 }
 
-bool FaultyRegistry::MayDeleteKey(std::string_view keyPath) {
-  mFailed = undeletable && !surprise;
-  return !mFailed && mReal->MayDeleteKey(keyPath);
+std::unique_ptr<RegistryReservation> FaultyRegistry::Reserve(KeyChange change, std::string_view keyPath) {
+  mFailed = change == KeyChange::Delete && undeletable && !surprise;
+  return mFailed ? nullptr : mReal->Reserve(change, keyPath);
 }
 
 std::string FaultyRegistry::GetStringValue(std::string_view valueName) {

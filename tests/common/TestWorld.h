@@ -146,7 +146,7 @@ public:
   std::function<void()> onFailure;
   /// Called with the path of each key that is deleted, after that.
   std::function<void(std::string_view)> onDelete;
-  /// DeleteKey says false and does nothing; MayDeleteKey knows it beforehand, unless it comes as a surprise.
+  /// DeleteKey says false and does nothing; Reserve knows it beforehand, unless it comes as a surprise.
   bool undeletable = false;
   bool surprise = false;
   int deleteCalls = 0;
@@ -156,7 +156,9 @@ public:
   std::string LastErrorText() const override { return mFailed ? "Access is denied." : mReal->LastErrorText(); }
   void CloseKey() override { mReal->CloseKey(); }
   bool DeleteKey(std::string_view keyPath) override;
-  bool MayDeleteKey(std::string_view keyPath) override;
+  std::unique_ptr<RegistryReservation> Reserve(KeyChange change, std::string_view keyPath) override;
+  void WatchKey(std::string_view keyPath) override { mReal->WatchKey(keyPath); }
+  bool WatchedKeyChanged() override { return mReal->WatchedKeyChanged(); }
   std::int32_t SubkeyCount() override { return mReal->SubkeyCount(); }
   bool KeyExists(std::string_view keyPath) override { return mReal->KeyExists(keyPath); }
   bool OpenKey(std::string_view keyPath, bool create) override;

@@ -44,7 +44,10 @@ void ExpectNothingLost(const Pictures &pictures);
 
 /// Each path holds what it held before or what it is to hold: nothing half, nothing left over. What is in C:\Temp may
 /// stay there, whole. mayLeaveHidden: a hidden temporary file beside the others may remain.
-void ExpectOldOrNewFiles(const Command &command, const Pictures &pictures, bool mayLeaveHidden);
+void ExpectOldOrNewFiles(const Pictures &pictures, bool mayLeaveHidden);
+
+/// What a move replaces is there, if only under a hidden name, unless the catalogue names what has replaced it.
+void ExpectForeignFilesKept(const Command &command, const Pictures &pictures);
 
 /// Each value of the catalogue is what it was before or what it is to be.
 void ExpectOldOrNewCatalogue(const Pictures &pictures);

@@ -3,8 +3,11 @@
 
 #include "NothingLostTest.h"
 
+#include "catalogue/LoadLists.h"
 #include "install/RunInstall.h"
 #include "manage/Move.h"
+#include "platform/posix/PosixRegistryService.h"
+#include "platform/posix/SqliteConnection.h"
 #include "support/basVorinFile.h"
 
 #include <sys/wait.h>
@@ -51,7 +54,8 @@ protected:
   void Examine(const std::filesystem::path &home) {
     mPictures.now = Look(home);
     ExpectNothingLost(mPictures);
-    ExpectOldOrNewFiles(GetParam(), mPictures, true);
+    ExpectOldOrNewFiles(mPictures, true);
+    ExpectForeignFilesKept(GetParam(), mPictures);
     ExpectOldOrNewCatalogue(mPictures);
     if (HasFailure())
       return;
@@ -109,6 +113,36 @@ class KillOnSimpleDiskTest : public KillTest {};
 TEST_P(KillOnSimpleDiskTest, AtEachCallOfTheSystem) { KillAtEachCall(false); }
 
 INSTANTIATE_TEST_SUITE_P(Commands, KillOnSimpleDiskTest, testing::ValuesIn(BroadestCommands()),
+                         [](const auto &test) { return test.param.name; });
+
+/// While another program merely reads the settings, as a backup does.
+class ReaderTest : public testing::TestWithParam<Command> {};
+
+TEST_P(ReaderTest, NothingIsTouchedThatCannotBeRecorded) {
+  if (GetParam().work == Work::Compress)
+    GTEST_SKIP() << "the catalogue is only read";
+  const test::GolfHome home;
+  Pictures pictures{Look(home.Path()), {}, {}};
+  {
+    test::GolfProgram program(home.Path());
+    program.boxes.decide = AgreeToEverything;
+    program.state.registryService = std::make_unique<PosixRegistryService>(home.Path(), std::chrono::milliseconds(20));
+    LoadLists(program.state);
+    SqliteConnection reader(home.Path() / "settings.db", std::chrono::milliseconds(0));
+    SqliteTransaction reading(reader, "BEGIN");
+    reader.QueryText("SELECT count(*) FROM keys");
+    EXPECT_FALSE(GetParam().run(program));
+    EXPECT_TRUE(std::ranges::any_of(program.boxes.shown, [](const MessageBox &box) {
+      return box.text.starts_with("The settings are in use by another program: ");
+    }));
+  }
+  pictures.now = Look(home.Path());
+  std::erase_if(pictures.now.files, [](const auto &file) { return file.first.starts_with("Temp/"); });
+  EXPECT_EQ(pictures.now.files, pictures.before.files);
+  EXPECT_EQ(pictures.now.rows, pictures.before.rows);
+}
+
+INSTANTIATE_TEST_SUITE_P(Commands, ReaderTest, testing::ValuesIn(Commands()),
                          [](const auto &test) { return test.param.name; });
 
 /// On a disk that cannot hold files without a name.

@@ -12,6 +12,9 @@
 #include "gui/ManageFixture.h"
 #include "gui/ModalWatch.h"
 
+#include <QLineEdit>
+#include <QTimer>
+
 #include <functional>
 
 namespace turfdesk {
@@ -213,6 +216,48 @@ TEST_F(ManageFormsTest, ClearThrowsTheStatisticsAwayWhenTheUserAgrees) {
   ClickRow("lstCourses", 1);
   Click(window, "btnCourseClear");
   EXPECT_FALSE(std::filesystem::exists(statistics));
+}
+
+TEST_F(ManageFormsTest, WhatAnotherProgramHasChangedIsLoadedBeforeACommandActs) {
+  const std::string loaded = "The catalogue was changed by another program. The lists have been loaded again.";
+  test::TestProgram other(world.Home());
+  ClickRow("lstCourses", 1);
+  RegisterCourse(other.state, "{A}", "Aachen", R"(C:\Golf\Links.hlc)");
+  world.boxes.answers = {true};
+  Click(window, "btnCourseUninstall");
+  EXPECT_EQ(world.boxes.TakeTexts(), Texts{loaded}) << "the command is chosen again";
+  EXPECT_EQ(List("lstCourses").model()->rowCount(), 3);
+  EXPECT_EQ(Selected(state.lstCourses), "moor") << "it has moved down";
+  world.boxes.answers = {true};
+  Click(window, "btnCourseUninstall");
+  EXPECT_EQ(world.boxes.TakeTexts().back(), "moor\r\n\r\nCourse was successfully uninstalled.");
+  ClickRow("lstCourses", 1);
+  EXPECT_EQ(WhatOpens([this] { Click(window, "btnCourseMove"); }), "frmCourseMove: Move \"Links\" Course");
+  EXPECT_TRUE(world.boxes.shown.empty()) << "our own changes are known";
+
+  // A change that comes while a form is open keeps it from writing; the window tells of it when it is back.
+  WhatOpens([&] {
+    QTimer::singleShot(0, [&] {
+      ASSERT_TRUE(DeleteRegistryKey(other.state, LocalMachine, CourseEntryKey(linksKey)));
+      auto *dialog = QApplication::activeModalWidget();
+      Find<QLineEdit>(*dialog, "txtMedia_0").setText("C:\\typed.bmp");
+    });
+    Click(window, "btnCourseProperties");
+  });
+  EXPECT_TRUE(QTest::qWaitFor([this] { return world.boxes.shown.size() == 2; }));
+  EXPECT_EQ(world.boxes.TakeTexts(),
+            (Texts{"Links\r\n\r\nThis course is no longer installed. Nothing has been saved.", loaded}));
+  EXPECT_FALSE(CourseKeyExists(state, linksKey));
+  EXPECT_EQ(Selected(state.lstCourses), "Aachen");
+
+  // Also without a command, as soon as the window is the active one again.
+  QWidget elsewhere;
+  Show(elsewhere);
+  ASSERT_TRUE(DeleteRegistryKey(other.state, LocalMachine, CourseEntryKey("{A}")));
+  Show(window);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !world.boxes.shown.empty(); }));
+  EXPECT_EQ(world.boxes.TakeTexts(), Texts{loaded});
+  EXPECT_EQ(List("lstCourses").model()->rowCount(), 0);
 }
 
 TEST_F(ManageFormsTest, ATreeThatFailsIsToldAndTheListsStay) {

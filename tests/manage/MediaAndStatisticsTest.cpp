@@ -7,6 +7,7 @@
 #include "manage/ClearStatistics.h"
 #include "manage/CourseMedia.h"
 #include "support/basVorinFile.h"
+#include "support/basVorinRegistry.h"
 
 #include "common/GolfWorld.h"
 #include "common/UnreadyDrive.h"
@@ -47,6 +48,21 @@ TEST_F(MediaAndStatisticsTest, APathThatCannotBeSavedKeepsOnlyItself) {
               saved);
     EXPECT_EQ(GetCourseVideo(state, world.elmKey) + elm.SubItems(column::Video), R"(C:\Golf\Elm.aviC:\Golf\Elm.avi)");
   }
+}
+
+TEST_F(MediaAndStatisticsTest, NothingIsSavedForACourseThatAnotherProgramHasChangedOrUninstalled) {
+  const std::array<std::string, 3> paths = {"a", "b", "c"};
+  test::TestProgram other(world.Home());
+  SetRegistryValue(other.state, LocalMachine, CourseEntryKey(world.elmKey), "Music", R"(C:\Other\Elm.mp3)");
+  EXPECT_FALSE(SaveCourseMedia(state, elm, paths));
+  EXPECT_EQ(world.boxes.TakeTexts(),
+            Texts{"Old Elm\r\n\r\nAnother program has changed the entry of this course. Nothing has been saved."});
+  EXPECT_EQ(GetCourseMusic(state, world.elmKey), R"(C:\Other\Elm.mp3)");
+  ASSERT_TRUE(DeleteRegistryKey(other.state, LocalMachine, CourseEntryKey(world.elmKey)));
+  EXPECT_FALSE(SaveCourseMedia(state, elm, paths));
+  EXPECT_EQ(world.boxes.TakeTexts(),
+            Texts{"Old Elm\r\n\r\nThis course is no longer installed. Nothing has been saved."});
+  EXPECT_FALSE(CourseKeyExists(state, world.elmKey));
 }
 
 TEST_F(MediaAndStatisticsTest, StatisticsAreClearedOfTheSelectedCourseWhicheverListIsActive) {

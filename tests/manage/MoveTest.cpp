@@ -5,7 +5,9 @@
 
 #include "catalogue/Catalogue.h"
 #include "catalogue/CatalogueRows.h"
+#include "catalogue/LoadLists.h"
 #include "platform/RuntimeError.h"
+#include "support/basVorinRegistry.h"
 
 #include "common/GolfWorld.h"
 
@@ -118,6 +120,10 @@ TEST_F(MoveTest, CoursesOfTheGameItselfStayAndLibrariesWithTheirKeysDoNot) {
     const bool moves = key.find('f') != std::string::npos;
     Row &course = fresh.Course(fresh.elmKey);
     course.SetTag(key);
+    RegisterCourse(fresh.state, key, "Fixed", course.SubItems(column::Filename));
+    RegisterLibrary(fresh.state, key, "Grass", fresh.Library(fresh.grassKey).SubItems(column::Filename));
+    for (const int field : {column::Picture, column::Music, column::Video, column::Text})
+      course.SetSubItems(field, "");
     EXPECT_EQ(fresh.Move(&course, ActiveCourses, R"(C:\Other)"), moves);
     EXPECT_EQ(fresh.Has(R"(C:\Golf\Elm.hlc)"), !moves);
     EXPECT_EQ(fresh.boxes.shown.front().text == "This file cannot be moved from current location.", !moves);
@@ -196,20 +202,61 @@ TEST_F(MoveTest, AFileGoesBackWhereTheTreeBreaksDown) {
 TEST_F(MoveTest, TwoFilesOfOneNameDoNotReplaceEachOther) {
   const std::string text = R"(C:\Notes\elm.BMP)";
   samples::WriteFile(world.Host(text), samples::ToBytes("notes that exist nowhere else"));
-  world.Course(world.elmKey).SetSubItems(column::Picture, R"(C:\Media\Elm.bmp)");
   world.Course(world.elmKey).SetSubItems(column::Text, text);
+  SetRegistryValue(world.state, LocalMachine, CourseEntryKey(world.elmKey), "Text", text);
   EXPECT_FALSE(world.MoveElm(R"(C:\Other)"));
   EXPECT_EQ(world.boxes.TakeTexts(), Texts{text + "\r\n\r\nAnother file of this name has just been moved there."});
   EXPECT_TRUE(std::filesystem::exists(world.Host(text)));
 }
 
-TEST_F(MoveTest, NothingIsReplacedThatCannotBeRecorded) {
-  world.registry.undeletable = true;
-  const std::string before = test::FilesBelow(world.Host(R"(C:\Taken)")).at("Elm.hlc");
+TEST_F(MoveTest, WhatCannotBeDeletedMovesAndWhatCannotBeRecordedStays) {
+  SetRegistryValue(world.state, LocalMachine, CourseEntryKey(world.elmKey) + "\\Rounds", "Last", "of another program");
+  EXPECT_TRUE(world.MoveElm(R"(C:\Taken)"));
+  EXPECT_EQ(world.Folders(), (Texts{"Taken", "Taken", "Taken", "Taken", "Taken", "Golf", "Golf"}));
+  Boxes();
+
+  const auto before = test::FilesOnDrive(world.Home());
+  world.registry.DeleteKey(LibraryEntryKey(world.grassKey));
+  EXPECT_FALSE(world.MoveGrass(R"(C:\Taken)"));
+  const Texts boxes = Boxes();
+  ASSERT_EQ(boxes.size(), 1U);
+  EXPECT_TRUE(boxes.front().starts_with("There is no such settings key")) << boxes.front();
+  EXPECT_EQ(test::FilesOnDrive(world.Home()), before);
+  EXPECT_FALSE(LibraryKeyExists(world.state, world.grassKey)) << "it is not made anew";
+}
+
+TEST_F(MoveTest, WhatAReplacedFileWasComesBackWhereTheNewPlaceIsNotRecorded) {
+  world.registry.failingValue = "Picture";
   EXPECT_FALSE(world.MoveElm(R"(C:\Taken)"));
-  EXPECT_EQ(Boxes(), Texts{"Access is denied."});
-  EXPECT_EQ(test::FilesBelow(world.Host(R"(C:\Taken)")).at("Elm.hlc"), before);
-  EXPECT_TRUE(world.Has(R"(C:\Golf\Elm.hlc)"));
+  EXPECT_EQ(world.Folders(), (Texts{"Taken", "Media", "Golf", "Golf", "Golf", "Golf", "Golf"}));
+  auto expected = filesBefore;
+  expected["Taken/Elm.hlc"] = expected["Golf/Elm.hlc"];
+  expected.erase("Golf/Elm.hlc");
+  EXPECT_EQ(test::FilesOnDrive(world.Home()), expected);
+}
+
+TEST_F(MoveTest, WhatAnotherProgramHasChangedStopsIt) {
+  test::TestProgram other(world.Home());
+  const auto installNeedOfGrass = [&] {
+    samples::WriteCourse(world.Host(R"(C:\Golf\Need.hlc)"), {.name = "Need", .libraries = {world.grass}});
+    RegisterCourse(other.state, "{N}", "Need", R"(C:\Golf\Need.hlc)");
+  };
+  const std::string changed = "The catalogue was changed by another program.\r\n\r\n";
+  world.boxes.decide = [&](const MessageBox &) {
+    installNeedOfGrass();
+    return true;
+  };
+  EXPECT_FALSE(world.MoveElm(R"(C:\Other)"));
+  EXPECT_EQ(Boxes(), (Texts{Orphan("Grass"), changed + "The course has been moved. Its libraries that were still to be "
+                                                       "moved stay."}));
+  EXPECT_EQ(world.Folders(), (Texts{"Other", "Other", "Other", "Other", "Other", "Golf", "Golf"}));
+  EXPECT_FALSE(world.MoveGrass(R"(C:\Other)"));
+  EXPECT_EQ(Boxes(), Texts{changed + "Nothing has been moved."});
+
+  LoadLists(world.state);
+  RegisterLibrary(world.state, world.grassKey, "Grass", R"(C:\Golf\Grass.hlb)");
+  SetRegistryValue(other.state, LocalMachine, LibraryEntryKey(world.waterKey), "Filename", R"(C:\Golf\Water.hlb)");
+  EXPECT_TRUE(world.MoveGrass(R"(C:\Other)")) << "our own changes and those that change nothing do not count";
 }
 
 } // namespace turfdesk

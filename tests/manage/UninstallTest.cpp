@@ -166,6 +166,49 @@ TEST_F(UninstallTest, AKeyThatIsKnownToStayKeepsEverything) {
   EXPECT_EQ(world.state.lstCourses.Count() + world.state.lstLibraries.Count(), 5U);
 }
 
+TEST_F(UninstallTest, WhatAnotherProgramChangesUnderAQuestionStopsTheWork) {
+  const std::string changed = "The catalogue was changed by another program.\r\n\r\n";
+  const std::string stillThere = "The course is still installed. Its media and statistics have been deleted.";
+  const std::string grassGone = "\r\n\r\nGrass\r\nThis library has been uninstalled.";
+  const Texts questions = {Sure("Old Elm"), Orphan("Grass"), Orphan("Trees")};
+  const Texts words = {changed + "Nothing has been uninstalled.", changed + stillThere,
+                       changed + stillThere + grassGone};
+  for (std::size_t stage = 0; stage < questions.size(); ++stage) {
+    test::GolfWorld fresh;
+    const auto before = test::FilesOnDrive(fresh.Home());
+    fresh.boxes.decide = [&](const MessageBox &box) {
+      // A course that needs whatever is asked about.
+      if (box.text == questions[stage]) {
+        test::TestProgram other(fresh.Home());
+        RegisterCourse(other.state, "{N}", "Need", R"(C:\Golf\Oak.hlc)");
+      }
+      return true;
+    };
+    EXPECT_FALSE(Run(fresh, ActiveCourses, fresh.elmKey, {}));
+    Texts shown(questions.begin(), questions.begin() + static_cast<std::ptrdiff_t>(stage) + 1);
+    shown.insert(shown.end(), {words[stage], "Unable to uninstall course."});
+    EXPECT_EQ(fresh.boxes.TakeTexts(), shown);
+    EXPECT_TRUE(CourseKeyExists(fresh.state, fresh.elmKey));
+    EXPECT_TRUE(std::filesystem::exists(fresh.Host(R"(C:\Golf\Elm.hlc)")));
+    EXPECT_TRUE(std::filesystem::exists(fresh.Host(R"(C:\Golf\Trees.hlb)")));
+    EXPECT_EQ(std::filesystem::exists(fresh.Host(R"(C:\Golf\Grass.hlb)")), stage < 2);
+    EXPECT_EQ(test::FilesOnDrive(fresh.Home()) == before, stage == 0);
+  }
+}
+
+TEST_F(UninstallTest, AKeyThatIsGoneIsToldAndKeepsTheFiles) {
+  world.registry.undeletable = true;
+  EXPECT_FALSE(Library(world.treesKey, {true, true}));
+  world.registry.undeletable = false;
+  Boxes();
+  world.registry.DeleteKey(LibraryEntryKey(world.grassKey));
+  EXPECT_FALSE(Library(world.grassKey, {true, true}));
+  const Texts boxes = Boxes();
+  ASSERT_EQ(boxes.size(), 4U);
+  EXPECT_TRUE(boxes[2].starts_with("There is no such settings key")) << boxes[2];
+  EXPECT_TRUE(std::filesystem::exists(world.Host(R"(C:\Golf\Grass.hlb)")));
+}
+
 TEST_F(UninstallTest, AValueThatCannotBeReadKeepsEverything) {
   for (const char *value : {"Filename", "Text"}) {
     world.registry.wrongType = value;

@@ -54,6 +54,12 @@ std::string LeftoverName(const TemporaryNames &names, std::uint8_t number) {
   return names.Name(random);
 }
 
+void CopyNow(FileCopier &copier, const std::string &from, const std::string &to, const FileCopier::Report &report) {
+  const auto copy = copier.Stage(from, to, report);
+  copy->Place();
+  copy->Keep();
+}
+
 std::string LargeContent() {
   std::string content(std::size_t{9} << 20U, '\0');
   for (std::size_t i = 0; i < content.size(); i += 1000)

@@ -52,6 +52,9 @@ void Write(StagedFile &file, std::string_view text);
 /// What a program that was killed may have left.
 std::string LeftoverName(const TemporaryNames &names, std::uint8_t number = 0);
 
+/// Copies to the end.
+void CopyNow(FileCopier &copier, const std::string &from, const std::string &to, const FileCopier::Report &report);
+
 /// More than the pieces that a file is copied in, with different content all over.
 std::string LargeContent();
 

@@ -13,6 +13,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <cstdio>
 #include <ctime>
 #include <filesystem>
 #include <system_error>
@@ -32,6 +33,22 @@ bool CanBeAbandoned(const std::string &path, mode_t type) {
   return isOurs && status.st_mtime + AbandonedAfterSeconds < std::time(nullptr);
 }
 
+/// A file that was set aside comes back where its name is free: whoever had set it aside has not come to replace it.
+/// Otherwise it stays, for nobody knows whether it is missed, unless it still has its old name as well.
+void BringBack(const std::string &folder, const std::string &setAside, const std::string &oldName) {
+  const std::string path = folder + "/" + setAside;
+  const std::string oldPath = folder + "/" + oldName;
+  struct stat status;
+  struct stat old;
+  if (lstat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode) || status.st_uid != geteuid() ||
+      status.st_ctime + AbandonedAfterSeconds >= std::time(nullptr))
+    return;
+  if (lstat(oldPath.c_str(), &old) != 0)
+    renameat2(AT_FDCWD, path.c_str(), AT_FDCWD, oldPath.c_str(), RENAME_NOREPLACE);
+  else if (IsSameFile(old, status))
+    unlink(path.c_str());
+}
+
 } // namespace
 
 std::string FreshName(const TemporaryNames &names) {
@@ -45,6 +62,10 @@ bool LockAgainstRemoval(const Descriptor &file) { return flock(file.Number(), LO
 
 void RemoveAbandoned(const std::string &folder, const TemporaryNames &names, mode_t type) {
   ForEachEntry(folder, [&](const dirent &entry) {
+    if (const auto oldName = type == S_IFREG ? NameBeforeSetAside(entry.d_name) : std::nullopt) {
+      BringBack(folder, entry.d_name, *oldName);
+      return;
+    }
     if (!names.Include(entry.d_name))
       return;
     const std::string path = folder + "/" + entry.d_name;

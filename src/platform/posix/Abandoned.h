@@ -23,7 +23,8 @@ std::string FreshName(const TemporaryNames &names);
 bool LockAgainstRemoval(const Descriptor &file);
 
 /// Removes from a folder of the host what this user's killed processes have left: entries of these names, either files
-/// (S_IFREG) or folders for nobody else (S_IFDIR), that have not changed for a minute, with all that they hold.
+/// (S_IFREG) or folders for nobody else (S_IFDIR), that have not changed for a minute, with all that they hold. Files
+/// that were set aside as long ago get their names back where these are free.
 void RemoveAbandoned(const std::string &folder, const TemporaryNames &names, mode_t type);
 
 } // namespace turfdesk

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <utility>
@@ -34,5 +35,9 @@ public:
 private:
   int mNumber = -1;
 };
+
+inline bool IsSameFile(const struct stat &left, const struct stat &right) {
+  return left.st_dev == right.st_dev && left.st_ino == right.st_ino;
+}
 
 } // namespace turfdesk

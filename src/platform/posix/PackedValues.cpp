@@ -79,6 +79,17 @@ void PackedValues::Unpack() {
   mBytes.clear();
 }
 
+bool PackedValues::operator==(const PackedValues &other) const {
+  if (mMany || other.mMany)
+    return mMany && other.mMany && *mMany == *other.mMany;
+  bool isSame = mBytes.size() == other.mBytes.size();
+  for (std::size_t offset = 0; isSame && offset < mBytes.size(); offset += HeadAt(offset).Size()) {
+    const std::string_view name(mBytes.data() + offset + sizeof(Head), HeadAt(offset).nameLength);
+    isSame = Find(name) == other.Find(name);
+  }
+  return isSame;
+}
+
 PackedValues::Head PackedValues::HeadAt(std::size_t offset) const {
   Head head{};
   std::memcpy(&head, mBytes.data() + offset, sizeof head);

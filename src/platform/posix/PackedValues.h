@@ -46,12 +46,16 @@ public:
   bool Erase(std::string_view foldedName);
   /// Adds a value that is known to be absent.
   void Append(std::string_view foldedName, const SettingsValue &value);
+  /// The same values, in whatever order they were set.
+  bool operator==(const PackedValues &other) const;
 
 private:
   struct Content {
     SettingsType type;
     std::int32_t number;
     std::string text;
+
+    bool operator==(const Content &) const = default;
   };
   using Many = std::map<std::string, Content, std::less<>>;
 

@@ -30,9 +30,21 @@ int OpenRegularFile(const char *hostPath, SourceFile &source) {
   return source.file.IsOpen() && fstat(source.file.Number(), &source.status) == 0 ? 0 : errno;
 }
 
-bool IsSameFile(const struct stat &left, const struct stat &right) {
-  return left.st_dev == right.st_dev && left.st_ino == right.st_ino;
-}
+class PosixStagedCopy final : public StagedCopy {
+public:
+  PosixStagedCopy(const PathMap &paths, std::unique_ptr<PosixStagedFile> file)
+      : mPaths(paths), mFile(std::move(file)) {}
+
+  void Place() override { mFile->Place(); }
+  bool HasReplaced() const override { return mFile->HasReplaced(); }
+  void Keep() noexcept override { mFile->Keep(); }
+  void TakeBack() override { mFile->TakeBack(); }
+  std::string SetAsidePath() const override { return mPaths.ToWindows(mFile->SetAsidePath()); }
+
+private:
+  const PathMap &mPaths;
+  std::unique_ptr<PosixStagedFile> mFile;
+};
 
 bool HasChanged(const SourceFile &source) {
   struct stat now;
@@ -45,7 +57,8 @@ bool HasChanged(const SourceFile &source) {
 
 } // namespace
 
-void PosixFileCopier::Copy(std::string_view sourcePath, std::string_view destinationPath, const Report &report) {
+std::unique_ptr<StagedCopy> PosixFileCopier::Stage(std::string_view sourcePath, std::string_view destinationPath,
+                                                   const Report &report) {
   SourceFile source;
   const int error =
       mPaths.Reach(sourcePath, [&source](const char *hostPath) { return OpenRegularFile(hostPath, source); });
@@ -59,13 +72,14 @@ void PosixFileCopier::Copy(std::string_view sourcePath, std::string_view destina
     throw RuntimeError(ErrorNumber::PermissionDenied);
 
   const mode_t mode = (source.status.st_mode & ReadWriteExecuteForAll) | S_IRUSR | S_IWUSR;
-  PosixStagedFile staged(std::move(destination), false, mode, mSweeps);
+  auto staged = std::make_unique<PosixStagedFile>(std::move(destination), false, mode, mSweeps);
   const auto size = static_cast<std::uint64_t>(source.status.st_size);
-  const std::uint64_t copied = CopyContent(source.file.Number(), staged.FileNumber(), size, report);
+  const std::uint64_t copied = CopyContent(source.file.Number(), staged->FileNumber(), size, report);
   if (copied != size || HasChanged(source))
     throw RuntimeError(ErrorNumber::PermissionDenied);
-  staged.KeepTime(source.status.st_mtim);
-  staged.Commit(true);
+  staged->KeepTime(source.status.st_mtim);
+  staged->Flush();
+  return std::make_unique<PosixStagedCopy>(mPaths, std::move(staged));
 }
 
 } // namespace turfdesk

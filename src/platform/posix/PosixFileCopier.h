@@ -16,7 +16,8 @@ public:
   /// A destination that is a link stays one: what it leads to is replaced. A source that is no regular file throws 75,
   /// one that changes while it is copied 70. A new copy has the source's permission bits and is writable for its
   /// owner, whatever the medium of the source allowed; a replaced file keeps its own bits.
-  void Copy(std::string_view source, std::string_view destination, const Report &report) override;
+  std::unique_ptr<StagedCopy> Stage(std::string_view source, std::string_view destination,
+                                    const Report &report) override;
 
 private:
   const PathMap &mPaths;

@@ -19,6 +19,16 @@ bool IsRefusal(const RuntimeError &error) {
          error.Number() == ErrorNumber::DiskFull || error.Number() == ErrorNumber::DeviceIo;
 }
 
+/// Holds the store for itself as long as it lives.
+class StoreReservation final : public RegistryReservation {
+public:
+  explicit StoreReservation(std::shared_ptr<SettingsStore> store) : mStore(std::move(store)) { mStore->Reserve(); }
+  ~StoreReservation() override { mStore->Release(); }
+
+private:
+  std::shared_ptr<SettingsStore> mStore;
+};
+
 } // namespace
 
 std::unique_ptr<RegistryService> OpenRegistryService(const std::string &home) {
@@ -26,14 +36,14 @@ std::unique_ptr<RegistryService> OpenRegistryService(const std::string &home) {
 }
 
 void PosixRegistryService::SetRootKey(std::string_view rootName) {
-  mLastError = 0;
+  Begin();
   mRoot = RootNamed(rootName);
   if (!mRoot)
     Fail(ErrorNumber::PathNotFound, noTree);
 }
 
 bool PosixRegistryService::KeyExists(std::string_view keyPath) {
-  mLastError = 0;
+  Begin();
   return mRoot && mStore->Find(*mRoot, keyPath);
 }
 
@@ -47,7 +57,7 @@ template <typename Request> bool PosixRegistryService::Write(const Request &requ
 }
 
 bool PosixRegistryService::OpenKey(std::string_view keyPath, bool create) {
-  mLastError = 0;
+  Begin();
   mIsOpen = false;
   if (!mRoot)
     return Fail(ErrorNumber::PathNotFound, noTree);
@@ -67,12 +77,42 @@ bool PosixRegistryService::DeleteKey(std::string_view keyPath) {
   return Delete([this, keyPath] { return mStore->DeleteKey(*mRoot, keyPath); });
 }
 
-bool PosixRegistryService::MayDeleteKey(std::string_view keyPath) {
-  return Delete([this, keyPath] { return mStore->TryDeleteKey(*mRoot, keyPath); });
+std::unique_ptr<RegistryReservation> PosixRegistryService::Reserve(KeyChange change, std::string_view keyPath) {
+  Begin();
+  if (!mRoot) {
+    Fail(ErrorNumber::PathNotFound, noTree);
+    return nullptr;
+  }
+  try {
+    auto reservation = std::make_unique<StoreReservation>(mStore);
+    if (IsPossible(change, keyPath))
+      return reservation;
+  } catch (const RuntimeError &error) {
+    if (!IsRefusal(error))
+      throw;
+    Fail(error.Number(), error.Description());
+  }
+  return nullptr;
+}
+
+bool PosixRegistryService::IsPossible(KeyChange change, std::string_view keyPath) {
+  if (change == KeyChange::Delete)
+    return Delete([this, keyPath] { return mStore->TryDeleteKey(*mRoot, keyPath); });
+  return change == KeyChange::Create || mStore->Find(*mRoot, keyPath) || Fail(ErrorNumber::PathNotFound, noKey);
+}
+
+void PosixRegistryService::WatchKey(std::string_view keyPath) {
+  Begin();
+  mStore->WatchKey(mRoot.value_or(RegistryRoot::LocalMachine), keyPath);
+}
+
+bool PosixRegistryService::WatchedKeyChanged() {
+  Begin();
+  return mStore->WatchedKeyChanged();
 }
 
 template <typename Deletion> bool PosixRegistryService::Delete(const Deletion &deletion) {
-  mLastError = 0;
+  Begin();
   if (!mRoot)
     return Fail(ErrorNumber::PathNotFound, noTree);
   try {
@@ -132,7 +172,7 @@ void PosixRegistryService::SetStringValue(std::string_view valueName, std::strin
 }
 
 void PosixRegistryService::SetValue(std::string_view valueName, const SettingsValue &value) {
-  mLastError = 0;
+  Begin();
   if (!mIsOpen) {
     Fail(ErrorNumber::ObjectNotSet, ErrorText(ErrorNumber::ObjectNotSet));
     return;
@@ -144,7 +184,7 @@ void PosixRegistryService::SetValue(std::string_view valueName, const SettingsVa
 }
 
 const SettingsKey *PosixRegistryService::OpenedKey() {
-  mLastError = 0;
+  Begin();
   if (!mIsOpen)
     throw RuntimeError(ErrorNumber::ObjectNotSet);
   return mStore->Find(mOpenRoot, mOpenPath);
@@ -156,6 +196,11 @@ std::optional<SettingsValue> PosixRegistryService::OpenedValue(std::string_view 
   if (!value)
     Fail(ErrorNumber::FileNotFound, "There is no such settings value");
   return value;
+}
+
+void PosixRegistryService::Begin() {
+  mLastError = 0;
+  mLastErrorText.clear();
 }
 
 bool PosixRegistryService::Fail(ErrorNumber number, std::string_view words) {

@@ -31,11 +31,12 @@ public:
   void SetRootKey(std::string_view rootName) override;
   void HoldStill(bool still) override { mStore->HoldStill(still); }
   long LastError() const override { return mLastError; }
-  /// Stays until the next failure.
   std::string LastErrorText() const override { return mLastErrorText; }
   void CloseKey() override { mIsOpen = false; }
   bool DeleteKey(std::string_view keyPath) override;
-  bool MayDeleteKey(std::string_view keyPath) override;
+  std::unique_ptr<RegistryReservation> Reserve(KeyChange change, std::string_view keyPath) override;
+  void WatchKey(std::string_view keyPath) override;
+  bool WatchedKeyChanged() override;
   std::int32_t SubkeyCount() override;
   bool KeyExists(std::string_view keyPath) override;
   /// A key that the store refuses to create, because it is read-only for example, gives false.
@@ -48,6 +49,9 @@ public:
   std::string SubkeyName(std::int32_t index) override;
 
 private:
+  void Begin();
+  /// Would the store refuse the change? It is reserved.
+  bool IsPossible(KeyChange change, std::string_view keyPath);
   const SettingsKey *OpenedKey();
   std::optional<SettingsValue> OpenedValue(std::string_view valueName);
   void SetValue(std::string_view valueName, const SettingsValue &value);

@@ -148,30 +148,91 @@ void PosixStagedFile::GiveTemporaryName() {
   });
 }
 
-void PosixStagedFile::Commit(bool flush) {
+void PosixStagedFile::Flush() {
   SetAttributes();
-  if (flush)
-    Check(fsync(mFile.Number()));
+  Check(fsync(mFile.Number()));
+  mIsFlushed = true;
+}
+
+void PosixStagedFile::Finish(bool flush, bool setAside) {
+  if (!mIsFlushed)
+    flush ? Flush() : SetAttributes();
   CheckReplaceable();
   if (mTemporaryName.empty())
     GiveTemporaryName();
   // A disk in the network may tell only at a close that it is full. The file itself stays open, since its lock goes
   // with it.
   Check(close(dup(mFile.Number())));
-  Check(renameat(mFolder.Number(), mTemporaryName.c_str(), mFolder.Number(), mDestination.name.c_str()));
+  if (setAside)
+    SetAside();
+  if (renameat(mFolder.Number(), mTemporaryName.c_str(), mFolder.Number(), mDestination.name.c_str()) != 0) {
+    const int error = errno;
+    if (HasReplaced())
+      TakeBack();
+    ThrowSystemError(error);
+  }
   mTemporaryName.clear();
   mLeftover.Forget();
   if (flush)
     FlushFolder();
 }
 
-void PosixStagedFile::FlushFolder() const {
+/// By a second name where the disk knows such, so that there is no moment without a file of the first.
+void PosixStagedFile::SetAside() {
+  constexpr std::size_t longestName = 255;
+  const int folder = mFolder.Number();
+  const char *name = mDestination.name.c_str();
+  struct stat status;
+  if (fstatat(folder, name, &status, AT_SYMLINK_NOFOLLOW) != 0)
+    return;
+  std::string aside;
+  do
+    aside = (FreshName(SetAsideNames) + "-" + mDestination.name).substr(0, longestName);
+  while (fstatat(folder, aside.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0);
+  if (linkat(folder, name, folder, aside.c_str(), 0) != 0)
+    Check(renameat(folder, name, folder, aside.c_str()));
+  mSetAsideName = std::move(aside);
+}
+
+void PosixStagedFile::Keep() noexcept {
+  if (HasReplaced())
+    unlinkat(mFolder.Number(), mSetAsideName.c_str(), 0);
+  mSetAsideName.clear();
+}
+
+void PosixStagedFile::TakeBack() {
+  const int folder = mFolder.Number();
+  const char *name = mDestination.name.c_str();
+  struct stat own;
+  struct stat present;
+  struct stat aside;
+  const bool isThere = fstatat(folder, name, &present, AT_SYMLINK_NOFOLLOW) == 0;
+  const bool isOwn = isThere && fstat(mFile.Number(), &own) == 0 && IsSameFile(own, present);
+  if (!HasReplaced()) {
+    Check(isOwn ? unlinkat(folder, name, 0) : 0);
+    return;
+  }
+  Check(fstatat(folder, mSetAsideName.c_str(), &aside, AT_SYMLINK_NOFOLLOW));
+  // What another program has put there meanwhile is not ours to replace.
+  if (isThere && !isOwn && !IsSameFile(aside, present))
+    ThrowSystemError(EEXIST);
+  // Of two names of one file a rename would leave both.
+  const bool stillHasName = isThere && IsSameFile(aside, present);
+  Check(stillHasName ? unlinkat(folder, mSetAsideName.c_str(), 0)
+                     : renameat(folder, mSetAsideName.c_str(), folder, name));
+  mSetAsideName.clear();
+  fsync(folder);
+}
+
+void PosixStagedFile::FlushFolder() {
   // What cannot flush a folder has nothing in it to flush.
   if (fsync(mFolder.Number()) == 0 || errno == EINVAL)
     return;
   const int error = errno;
-  // Whoever is told of a failure expects nothing there.
-  if (!mDestination.existing)
+  // Whoever is told of a failure expects what was there.
+  if (HasReplaced())
+    TakeBack();
+  else if (!mDestination.existing)
     unlinkat(mFolder.Number(), mDestination.name.c_str(), 0);
   ThrowSystemError(error);
 }
@@ -188,7 +249,7 @@ bool PosixStagedFiles::IsSameFile(std::string_view first, std::string_view secon
   };
   struct stat left;
   struct stat right;
-  return look(first, left) && look(second, right) && left.st_dev == right.st_dev && left.st_ino == right.st_ino;
+  return look(first, left) && look(second, right) && turfdesk::IsSameFile(left, right);
 }
 
 std::uint64_t PosixStagedFiles::FreeBytes(std::string_view folder) {

@@ -59,7 +59,16 @@ public:
   void Seek(std::uint64_t offset) override { mPosition = offset; }
   std::uint64_t Tell() override { return mPosition; }
   void SetModificationTime(std::int64_t seconds) override { KeepTime({seconds, 0}); }
-  void Commit(bool flush) override;
+  void Commit(bool flush) override { Finish(flush, false); }
+
+  // The steps of a StagedCopy. Flush is what Place does first, for those who want it done before.
+  void Flush();
+  void Place() { Finish(true, true); }
+  bool HasReplaced() const { return !mSetAsideName.empty(); }
+  void Keep() noexcept;
+  void TakeBack();
+  /// The host path of what was set aside.
+  std::string SetAsidePath() const { return mDestination.folder + "/" + mSetAsideName; }
 
   /// SetModificationTime to the nanosecond.
   void KeepTime(const timespec &time) { mModified = time; }
@@ -67,11 +76,13 @@ public:
   int FileNumber() const { return mFile.Number(); }
 
 private:
+  void Finish(bool flush, bool setAside);
+  void SetAside();
   void OpenTemporary(mode_t mode);
   void SetAttributes() const;
   void GiveTemporaryName();
   void CheckReplaceable() const;
-  void FlushFolder() const;
+  void FlushFolder();
 
   Destination mDestination;
   NewFolders mNewFolders;
@@ -79,6 +90,8 @@ private:
   Descriptor mFile;
   std::string mTemporaryName; ///< "" while the file has none
   Leftover mLeftover;
+  std::string mSetAsideName;  ///< "" while nothing is set aside
+  bool mIsFlushed = false;
   std::uint64_t mPosition = 0;
   std::optional<timespec> mModified;
 };

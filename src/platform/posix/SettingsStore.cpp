@@ -15,6 +15,9 @@ namespace {
 
 constexpr std::int64_t noCounter = -1;
 
+/// The lock that the next transaction takes stays behind its end.
+constexpr const char *lockForGood = "PRAGMA locking_mode=EXCLUSIVE";
+
 std::string_view WithoutTrailingBackslash(std::string_view keyPath) {
   return keyPath.ends_with('\\') ? keyPath.substr(0, keyPath.size() - 1) : keyPath;
 }
@@ -66,6 +69,8 @@ SettingsStore::~SettingsStore() = default;
 void SettingsStore::Open() {
   if (SizeOfFile(mPaths.store) < 0)
     throw RuntimeError(ErrorNumber::PathFileAccess, "The settings file is missing: " + mPaths.store);
+  // The numbers of another file mean nothing.
+  mKnownCounter = noCounter;
   auto session = std::make_unique<Session>(mPaths.store, mPatience);
   UseDurableJournal(session->connection);
   SqliteTransaction transaction(session->connection, "BEGIN");
@@ -92,9 +97,13 @@ void SettingsStore::Follow() {
 void SettingsStore::ReadTree(Session &session) {
   mLastKey = nullptr;
   mChangeCounter = noCounter;
-  mTree = LoadTree(session.connection);
+  SettingsTree tree = LoadTree(session.connection);
   // Reading has locked the file, so until the transaction ends the counter is the one that belongs to what was read.
-  mChangeCounter = session.connection.ChangeCounter();
+  const std::uint32_t counter = session.connection.ChangeCounter();
+  if (mWatched && counter != mKnownCounter)
+    mWatched->changed = mWatched->changed || WatchedKeyDiffers(tree);
+  mTree = std::move(tree);
+  mChangeCounter = mKnownCounter = counter;
 }
 
 void SettingsStore::HoldStill(bool still) {
@@ -103,6 +112,54 @@ void SettingsStore::HoldStill(bool still) {
     return;
   Follow();
   mIsStill = true;
+}
+
+bool SettingsStore::WatchedKeyDiffers(SettingsTree &other) {
+  const SettingsKey *here = Walk(mWatched->root, mWatched->keyPath);
+  const SettingsKey *there = Walk(other, mWatched->root, mWatched->keyPath);
+  return here && there ? !HaveSameContent(*here, *there) : here != there;
+}
+
+void SettingsStore::WatchKey(RegistryRoot root, std::string_view keyPath) {
+  mWatched.reset();
+  Find(root, keyPath);
+  mWatched = Watched{root, std::string(WithoutTrailingBackslash(keyPath)), false};
+}
+
+bool SettingsStore::WatchedKeyChanged() {
+  if (!mWatched)
+    return false;
+  Find(mWatched->root, mWatched->keyPath);
+  return mWatched->changed;
+}
+
+void SettingsStore::Reserve() {
+  CheckWritable(mPaths);
+  mReserved.emplace(mPaths, SettingsLock::Mode::Shared, mPatience);
+  try {
+    if (mSession->connection.HasMoved())
+      Open();
+    mSession->connection.Execute(lockForGood);
+    SqliteTransaction transaction(mSession->connection, "BEGIN EXCLUSIVE");
+    if (mSession->connection.ChangeCounter() != mChangeCounter)
+      ReadTree(*mSession);
+    transaction.Commit();
+  } catch (...) {
+    Release();
+    throw;
+  }
+}
+
+void SettingsStore::Release() noexcept {
+  Unlock();
+  mReserved.reset();
+}
+
+void SettingsStore::Unlock() noexcept {
+  sqlite3 *database = mSession->connection.Get();
+  sqlite3_exec(database, "PRAGMA locking_mode=NORMAL", nullptr, nullptr, nullptr);
+  // The lock goes with the end of the next transaction.
+  sqlite3_exec(database, "SELECT 1 FROM keys LIMIT 1", nullptr, nullptr, nullptr);
 }
 
 const SettingsKey *SettingsStore::FindAnew(RegistryRoot root, std::string_view keyPath) {
@@ -126,10 +183,10 @@ bool SettingsStore::IsBesideLast(RegistryRoot root, std::string_view keyPath) co
          std::string_view(mLastPath).substr(0, cut) == keyPath.substr(0, cut);
 }
 
-SettingsKey *SettingsStore::Walk(RegistryRoot root, std::string_view keyPath) {
-  SettingsKey *key = &mTree.Root(root);
+SettingsKey *SettingsStore::Walk(SettingsTree &tree, RegistryRoot root, std::string_view keyPath) {
+  SettingsKey *key = &tree.Root(root);
   while (key && !keyPath.empty())
-    key = mTree.FindSubkey(*key, TakePart(keyPath));
+    key = tree.FindSubkey(*key, TakePart(keyPath));
   return key;
 }
 
@@ -158,8 +215,10 @@ SettingsStore::Deletion SettingsStore::DeleteKey(RegistryRoot root, std::string_
 SettingsStore::Deletion SettingsStore::TryDeleteKey(RegistryRoot root, std::string_view keyPath) {
   Deletion result = Deletion::Done;
   const auto tryIt = [&] {
-    if (const SettingsKey *key = FindDeletable(root, keyPath, result))
+    if (const SettingsKey *key = FindDeletable(root, keyPath, result)) {
       DeleteRows(*key);
+      mSession->connection.WriteOut();
+    }
   };
   Transact(tryIt, Outcome::Undo);
   return result;
@@ -324,8 +383,14 @@ void SettingsStore::Transact(const std::function<void()> &work, Outcome outcome)
     Open();
   // A commit whose last step fails, the flush of the journal that it has cut off, has taken effect all the same. The
   // second run finds out: either nothing is left to do, or it tries once more.
-  if (!TryTransact(work, outcome, OnFailedCommit::Return))
-    TryTransact(work, outcome, OnFailedCommit::Throw);
+  if (TryTransact(work, outcome, OnFailedCommit::Return))
+    return;
+  // Whoever keeps the lock is not given a fresh look at the file.
+  if (mReserved)
+    Unlock();
+  TryTransact(work, outcome, OnFailedCommit::Throw);
+  if (mReserved)
+    mSession->connection.Execute(lockForGood);
 }
 
 bool SettingsStore::TryTransact(const std::function<void()> &work, Outcome outcome, OnFailedCommit onFailedCommit) {
@@ -350,8 +415,10 @@ bool SettingsStore::TryTransact(const std::function<void()> &work, Outcome outco
     return false;
   }
   const std::uint32_t ownCounter = connection.TotalChanges() == changesBefore ? counter : counter + 1;
-  if (connection.ChangeCounter() == ownCounter)
-    mChangeCounter = ownCounter;
+  const std::uint32_t newCounter = connection.ChangeCounter();
+  // During a reservation nobody else writes, and SQLite raises the counter only once.
+  if (newCounter == ownCounter || mReserved)
+    mChangeCounter = mKnownCounter = newCounter;
   return true;
 }
 

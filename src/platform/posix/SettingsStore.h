@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -54,7 +55,8 @@ public:
   enum class Deletion { Done, NoSuchKey, HasSubkeys };
   /// A root counts as a key with subkeys.
   Deletion DeleteKey(RegistryRoot root, std::string_view keyPath);
-  /// What DeleteKey would give, or throw, at this moment. The key stays.
+  /// What DeleteKey would give, or throw, at this moment. The key stays. All that the deletion has to write is written
+  /// once, and taken back.
   Deletion TryDeleteKey(RegistryRoot root, std::string_view keyPath);
   /// False when the key does not exist; it is not created then.
   bool SetValue(RegistryRoot root, std::string_view keyPath, std::string_view valueName, const SettingsValue &value);
@@ -62,6 +64,15 @@ public:
   void ApplyAll(std::span<const RegistryChange> changes);
   /// As RegistryBranches::Read tells it, from the file as it is at one moment.
   std::vector<RegistryKeyContent> ReadBranches(std::span<const RegistryBranch> branches);
+
+  /// Keeps all others, readers too, out of the file until Release; writes go on as usual meanwhile. Throws when they
+  /// cannot be kept out, after the usual patience.
+  void Reserve();
+  void Release() noexcept;
+  /// From now on WatchedKeyChanged tells of this key, whether it exists or not, and of all below it.
+  void WatchKey(RegistryRoot root, std::string_view keyPath);
+  /// Has somebody else changed the watched key since then, or put a store in the place of this one whose key differs?
+  bool WatchedKeyChanged();
 
 private:
   /// All that belongs to one opening of the file.
@@ -80,10 +91,13 @@ private:
   void Open();
   /// Brings the tree up to date with the file that bears the store's name now. Throws when there is none.
   void Follow();
+  void Unlock() noexcept;
   void ReadTree(Session &session);
+  bool WatchedKeyDiffers(SettingsTree &other);
   const SettingsKey *FindAnew(RegistryRoot root, std::string_view keyPath);
   bool IsBesideLast(RegistryRoot root, std::string_view keyPath) const;
-  SettingsKey *Walk(RegistryRoot root, std::string_view keyPath);
+  SettingsKey *Walk(RegistryRoot root, std::string_view keyPath) { return Walk(mTree, root, keyPath); }
+  static SettingsKey *Walk(SettingsTree &tree, RegistryRoot root, std::string_view keyPath);
   SettingsKey &MakeKey(RegistryRoot root, std::string_view keyPath);
   /// The key, when it may go; else null, and result says why.
   SettingsKey *FindDeletable(RegistryRoot root, std::string_view keyPath, Deletion &result);
@@ -109,6 +123,16 @@ private:
   /// The counter that mTree belongs to; a number that no counter has when mTree cannot be relied on.
   std::int64_t mChangeCounter = -1;
   bool mIsStill = false;
+  /// The last counter under which the file held what is known here: a write that failed has left the file at this one.
+  std::int64_t mKnownCounter = -1;
+  /// Held by a reservation, lest the file itself is replaced.
+  std::optional<SettingsLock> mReserved;
+  struct Watched {
+    RegistryRoot root;
+    std::string keyPath;
+    bool changed;
+  };
+  std::optional<Watched> mWatched;
   /// The key found last, since most reads come several to a key and its neighbours next.
   const SettingsKey *mLastKey = nullptr;
   RegistryRoot mLastRoot = RegistryRoot::LocalMachine;

@@ -28,6 +28,13 @@ std::optional<SettingsValue> SettingsKey::FindValue(std::string_view valueName) 
   return values.Find(folded.View());
 }
 
+bool HaveSameContent(const SettingsKey &left, const SettingsKey &right) {
+  return left.values == right.values &&
+         std::ranges::equal(left.subkeys, right.subkeys, [](const SettingsKey *one, const SettingsKey *other) {
+           return one->foldedName == other->foldedName && HaveSameContent(*one, *other);
+         });
+}
+
 std::size_t SettingsTree::NameHash::operator()(const Name &name) const {
   constexpr std::size_t spread = 0x9e3779b97f4a7c15U;
   return std::hash<std::string_view>()(name.foldedName) ^ (static_cast<std::size_t>(name.parent->id) * spread);

@@ -30,6 +30,9 @@ struct SettingsKey {
   std::optional<SettingsValue> FindValue(std::string_view valueName) const;
 };
 
+/// Do two keys, of different trees perhaps, hold the same values and the same subkeys, down to the last?
+bool HaveSameContent(const SettingsKey &left, const SettingsKey &right);
+
 /// Ids of the two roots. They have no row in the store.
 inline constexpr std::int64_t LocalMachineId = 1;
 inline constexpr std::int64_t ClassesRootId = 2;

@@ -87,6 +87,11 @@ std::uint32_t SqliteConnection::ChangeCounter() {
   return be32toh(bytes);
 }
 
+void SqliteConnection::WriteOut() {
+  if (const int code = sqlite3_db_cacheflush(mDatabase.get()); code != SQLITE_OK)
+    Fail(code);
+}
+
 void SqliteConnection::Fail(int code) const {
   const int primaryCode = CauseOf(code, mDatabase.get());
   if (IsShortOfFiles(primaryCode, mDatabase.get()))

@@ -38,6 +38,8 @@ public:
   /// The number in the file's header that SQLite raises by one with every transaction that changes the file. Reads the
   /// file and takes no lock. 0 when the file has been cut to nothing.
   std::uint32_t ChangeCounter();
+  /// Writes to disk what the transaction under way has changed so far, in a way that can still be rolled back.
+  void WriteOut();
   /// Rows changed since the connection was opened.
   std::int64_t TotalChanges() const { return sqlite3_total_changes64(mDatabase.get()); }
 

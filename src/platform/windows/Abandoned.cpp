@@ -75,6 +75,16 @@ void RemoveOpen(const SystemHandle &opened, const std::wstring &path) {
   SetFileInformationByHandle(opened.Get(), FileDispositionInfo, &disposition, sizeof(disposition));
 }
 
+/// A file that was set aside comes back where its name is free: whoever had set it aside has not come to replace it.
+/// Otherwise it stays, for nobody knows whether it is missed.
+void BringBack(const std::wstring &folder, const std::wstring &setAside, const std::wstring &oldName) {
+  const std::wstring path = EntryPath(folder, setAside);
+  const std::wstring oldPath = EntryPath(folder, oldName);
+  if (GetFileAttributesW(oldPath.c_str()) != INVALID_FILE_ATTRIBUTES || GetLastError() != ERROR_FILE_NOT_FOUND)
+    return;
+  MoveFileExW(path.c_str(), oldPath.c_str(), 0);
+}
+
 } // namespace
 
 std::wstring FreshName(const TemporaryNames &names) {
@@ -91,6 +101,10 @@ void RemoveWithContents(const std::wstring &folder) {
 
 void RemoveAbandoned(const std::wstring &folder, const TemporaryNames &names, TemporaryKind kind) {
   ForEachEntry(folder, [&](const FolderEntry &entry) {
+    if (const auto oldName = NameBeforeSetAside(ToUtf8(entry.name)); oldName && kind == TemporaryKind::Files) {
+      BringBack(folder, entry.name, ToWide(*oldName));
+      return;
+    }
     const bool isOfKind = IsFolder(entry.attributes) == (kind == TemporaryKind::Folders) && !IsLink(entry.attributes);
     if (isOfKind && names.Include(ToUtf8(entry.name)) && entry.modified + AbandonedAfterTicks <= Now())
       RemoveWithContents(EntryPath(folder, entry.name));

@@ -23,7 +23,7 @@ void RemoveWithContents(const std::wstring &folder);
 enum class TemporaryKind { Files, Folders };
 
 /// Removes from a folder what ended processes have left: entries of these names and this kind that have not changed for
-/// a minute, with all that they hold.
+/// a minute, with all that they hold. Files that were set aside get their names back where these are free.
 void RemoveAbandoned(const std::wstring &folder, const TemporaryNames &names, TemporaryKind kind);
 
 } // namespace turfdesk

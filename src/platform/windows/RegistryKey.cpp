@@ -38,6 +38,8 @@ REGSAM MaskOf(RegistryRoot root, KeyAccess access) {
   case KeyAccess::ReadWrite:
     return KEY_QUERY_VALUE | KEY_SET_VALUE | KEY_CREATE_SUB_KEY | KEY_ENUMERATE_SUB_KEYS | KEY_NOTIFY |
            KEY_CREATE_LINK | ViewOf(root);
+  case KeyAccess::MakeSubkeys:
+    return KEY_READ | KEY_CREATE_SUB_KEY | ViewOf(root);
   case KeyAccess::Delete:
     return KEY_QUERY_VALUE | DELETE | ViewOf(root);
   }
@@ -182,6 +184,11 @@ std::uint32_t RegistryKey::SubkeyCount(std::uint32_t &count) const {
                                           nullptr, nullptr, nullptr, nullptr, nullptr);
   count = found;
   return CodeOf(status);
+}
+
+std::uint32_t RegistryKey::TellOfChanges(void *event) const {
+  return CodeOf(RegNotifyChangeKeyValue(static_cast<HKEY>(mKey), TRUE,
+                                        REG_NOTIFY_CHANGE_NAME | REG_NOTIFY_CHANGE_LAST_SET, event, TRUE));
 }
 
 std::uint32_t RegistryKey::Delete(RegistryRoot root, const std::wstring &path) {

@@ -33,6 +33,8 @@ enum class KeyAccess {
   Write,
   /// All that the direct functions can do with a key.
   ReadWrite,
+  /// To make subkeys.
+  MakeSubkeys,
   /// To learn whether it may be deleted.
   Delete,
 };
@@ -67,6 +69,8 @@ public:
   /// In the order of their names.
   std::uint32_t SubkeyNames(std::vector<std::wstring> &names) const;
   std::uint32_t SubkeyCount(std::uint32_t &count) const;
+  /// Sets an event of the system, once, when somebody changes the key or anything below it while it is open here.
+  std::uint32_t TellOfChanges(void *event) const;
 
   /// Deletes a key and its values. The system refuses it for a key that has subkeys.
   static std::uint32_t Delete(RegistryRoot root, const std::wstring &path);

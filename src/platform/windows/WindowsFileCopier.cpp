@@ -6,11 +6,13 @@
 #include "platform/windows/FileFacts.h"
 #include "platform/windows/SystemError.h"
 #include "platform/windows/SystemPath.h"
+#include "platform/windows/WideText.h"
 #include "platform/windows/WindowsStagedFiles.h"
 
 #include <windows.h>
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -70,19 +72,35 @@ void CopyContent(const SourceFile &source, WindowsStagedFile &staged, const File
   }
 }
 
+class WindowsStagedCopy final : public StagedCopy {
+public:
+  explicit WindowsStagedCopy(std::unique_ptr<WindowsStagedFile> file) : mFile(std::move(file)) {}
+
+  void Place() override { mFile->Place(); }
+  bool HasReplaced() const override { return mFile->HasReplaced(); }
+  void Keep() noexcept override { mFile->Keep(); }
+  void TakeBack() override { mFile->TakeBack(); }
+  std::string SetAsidePath() const override { return ToUtf8(PlainPath(mFile->SetAsidePath())); }
+
+private:
+  std::unique_ptr<WindowsStagedFile> mFile;
+};
+
 } // namespace
 
-void WindowsFileCopier::Copy(std::string_view sourcePath, std::string_view destinationPath, const Report &report) {
+std::unique_ptr<StagedCopy> WindowsFileCopier::Stage(std::string_view sourcePath, std::string_view destinationPath,
+                                                     const Report &report) {
   const SourceFile source = OpenSource(sourcePath);
   FileFacts existing;
   if (LookAt(destinationPath, existing) == 0 && existing.IsSameFile(source.facts))
     throw RuntimeError(ErrorNumber::PermissionDenied);
 
-  WindowsStagedFile staged(destinationPath, false, mSweeps);
-  staged.Reserve(source.facts.size);
-  CopyContent(source, staged, report);
-  staged.KeepTime(source.facts.modified);
-  staged.Commit(true);
+  auto staged = std::make_unique<WindowsStagedFile>(destinationPath, false, mSweeps);
+  staged->Reserve(source.facts.size);
+  CopyContent(source, *staged, report);
+  staged->Flush();
+  staged->KeepTime(source.facts.modified);
+  return std::make_unique<WindowsStagedCopy>(std::move(staged));
 }
 
 } // namespace turfdesk

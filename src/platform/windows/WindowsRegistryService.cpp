@@ -8,6 +8,8 @@
 #include "platform/windows/SystemError.h"
 #include "platform/windows/WideText.h"
 
+#include <windows.h>
+
 namespace turfdesk {
 
 namespace {
@@ -29,6 +31,33 @@ bool IsAbsence(std::uint32_t error) { return error == RegistryNotFound || error 
 
 } // namespace
 
+namespace {
+
+/// Held by one of our programs at a time, on whatever desktop.
+class ProgramsLock final : public RegistryReservation {
+public:
+  /// Waits for another program for the usual patience, and throws RuntimeError 70 then. A lock that this user may not
+  /// use is another user's, whose settings he may not change either.
+  ProgramsLock() : mMutex(CreateMutexW(nullptr, FALSE, L"Global\\Turf Desk settings")) {
+    constexpr DWORD patience = 5000;
+    if (mMutex == nullptr || WaitForSingleObject(mMutex, patience) != WAIT_TIMEOUT)
+      return;
+    CloseHandle(mMutex);
+    throw RuntimeError(ErrorNumber::PermissionDenied, "The settings are in use by another program.");
+  }
+  ~ProgramsLock() override {
+    if (mMutex == nullptr)
+      return;
+    ReleaseMutex(mMutex);
+    CloseHandle(mMutex);
+  }
+
+private:
+  HANDLE mMutex;
+};
+
+} // namespace
+
 WindowsRegistryService::WindowsRegistryService() {
   constexpr std::string_view settings = "Software";
   if (const auto error = mKey.Open(RegistryRoot::LocalMachine, ToWide(settings), KeyAccess::Read);
@@ -38,7 +67,7 @@ WindowsRegistryService::WindowsRegistryService() {
 }
 
 void WindowsRegistryService::SetRootKey(std::string_view rootName) {
-  mLastError = 0;
+  Begin();
   mRoot = RootNamed(rootName);
   if (!mRoot)
     Fail(ErrorNumber::PathNotFound, noTree);
@@ -51,7 +80,7 @@ void WindowsRegistryService::CloseKey() {
 }
 
 bool WindowsRegistryService::KeyExists(std::string_view keyPath) {
-  mLastError = 0;
+  Begin();
   std::wstring path;
   if (!mRoot || !ToKeyPath(keyPath, path))
     return false;
@@ -63,14 +92,18 @@ bool WindowsRegistryService::KeyExists(std::string_view keyPath) {
 }
 
 bool WindowsRegistryService::OpenKey(std::string_view keyPath, bool create) {
-  mLastError = 0;
+  Begin();
   CloseKey();
   if (!mRoot)
     return Fail(ErrorNumber::PathNotFound, noTree);
   std::wstring path;
   std::uint32_t error = ToKeyPath(keyPath, path) ? mKey.Open(*mRoot, path, KeyAccess::Read) : RegistryBadPath;
-  if (create && error == RegistryNotFound)
+  if (create && error == RegistryNotFound) {
+    mWatch.BeforeOwnChange(*mRoot, path);
     error = mKey.Create(*mRoot, path, KeyAccess::Write);
+    if (error == RegistrySuccess)
+      mWatch.NoteKey(*mRoot, path);
+  }
   if (error != RegistrySuccess) {
     if (!create && !IsAbsence(error))
       ThrowRegistryError(error, *mRoot, keyPath);
@@ -86,17 +119,52 @@ bool WindowsRegistryService::DeleteKey(std::string_view keyPath) {
   if (!FindDeletable(keyPath, path))
     return false;
   mSubkeys.reset();
+  mWatch.BeforeOwnChange(*mRoot, path);
   const std::uint32_t error = RegistryKey::Delete(*mRoot, path);
+  if (error == RegistrySuccess)
+    mWatch.NoteDeletion(*mRoot, path);
   return error == RegistrySuccess || Fail(error, keyPath);
 }
 
-bool WindowsRegistryService::MayDeleteKey(std::string_view keyPath) {
+std::unique_ptr<RegistryReservation> WindowsRegistryService::Reserve(KeyChange change, std::string_view keyPath) {
+  Begin();
+  auto lock = std::make_unique<ProgramsLock>();
+  if (!IsPossible(change, keyPath))
+    lock.reset();
+  return lock;
+}
+
+bool WindowsRegistryService::IsPossible(KeyChange change, std::string_view keyPath) {
   std::wstring path;
-  return FindDeletable(keyPath, path);
+  if (change == KeyChange::Delete)
+    return FindDeletable(keyPath, path);
+  if (!mRoot)
+    return Fail(ErrorNumber::PathNotFound, noTree);
+  RegistryKey key;
+  std::uint32_t error = ToKeyPath(keyPath, path) ? key.Open(*mRoot, path, KeyAccess::Write) : RegistryBadPath;
+  // A key that is to be made needs the right to make it in the first parent that is there.
+  while (change == KeyChange::Create && error == RegistryNotFound && !path.empty()) {
+    const std::size_t cut = path.rfind(L'\\');
+    path.resize(cut == std::wstring::npos ? 0 : cut);
+    error = key.Open(*mRoot, path, KeyAccess::MakeSubkeys);
+  }
+  return error == RegistrySuccess || Fail(error, keyPath);
+}
+
+void WindowsRegistryService::WatchKey(std::string_view keyPath) {
+  Begin();
+  std::wstring path;
+  if (mRoot && ToKeyPath(keyPath, path))
+    mWatch.Begin(*mRoot, path);
+}
+
+bool WindowsRegistryService::WatchedKeyChanged() {
+  Begin();
+  return mWatch.HasForeignChange();
 }
 
 bool WindowsRegistryService::FindDeletable(std::string_view keyPath, std::wstring &path) {
-  mLastError = 0;
+  Begin();
   if (!mRoot)
     return Fail(ErrorNumber::PathNotFound, noTree);
   RegistryKey key;
@@ -113,7 +181,7 @@ bool WindowsRegistryService::FindDeletable(std::string_view keyPath, std::wstrin
 }
 
 void WindowsRegistryService::RequireOpenKey() {
-  mLastError = 0;
+  Begin();
   if (!mKey.IsOpen())
     throw RuntimeError(ErrorNumber::ObjectNotSet);
 }
@@ -193,14 +261,21 @@ void WindowsRegistryService::SetStringValue(std::string_view valueName, std::str
 }
 
 void WindowsRegistryService::Write(std::string_view valueName, std::uint32_t type, std::string bytes) {
-  mLastError = 0;
+  Begin();
   if (!mKey.IsOpen()) {
     Fail(ErrorNumber::ObjectNotSet, ErrorText(ErrorNumber::ObjectNotSet));
     return;
   }
+  std::wstring path;
+  ToKeyPath(mOpenPath, path);
+  const RawValue value{ToWide(valueName), type, std::move(bytes)};
   std::uint32_t error = mWritableKey.IsOpen() ? RegistrySuccess : mWritableKey.Reopen(mKey, KeyAccess::Write);
+  if (error == RegistrySuccess) {
+    mWatch.BeforeOwnChange(mOpenRoot, path);
+    error = mWritableKey.Write(value);
+  }
   if (error == RegistrySuccess)
-    error = mWritableKey.Write({ToWide(valueName), type, std::move(bytes)});
+    mWatch.NoteValue(mOpenRoot, path, value);
   if (error == RegistrySuccess)
     error = mWritableKey.Flush();
   if (error != RegistrySuccess)
@@ -210,8 +285,16 @@ void WindowsRegistryService::Write(std::string_view valueName, std::uint32_t typ
 bool WindowsRegistryService::Fail(std::uint32_t error, std::string_view keyPath) {
   const RegistryRoot root = mKey.IsOpen() ? mOpenRoot : mRoot.value_or(RegistryRoot::LocalMachine);
   // The system's number for an absent key is that of an absent file.
-  return Fail(IsGone(error) ? ErrorNumber::PathNotFound : NumberOfSystemError(error),
-              RegistryWords(error, root, keyPath));
+  if (!IsGone(error))
+    return Fail(NumberOfSystemError(error), RegistryWords(error, root, keyPath));
+  // The system speaks of a file, and its number is that of an absent one.
+  std::string words = "There is no such settings key\r\n\r\n" + std::string(NameOfRoot(root)) + '\\';
+  return Fail(ErrorNumber::PathNotFound, words.append(keyPath));
+}
+
+void WindowsRegistryService::Begin() {
+  mLastError = 0;
+  mLastErrorText.clear();
 }
 
 bool WindowsRegistryService::Fail(ErrorNumber number, std::string_view words) {

@@ -6,7 +6,9 @@
 #include "platform/RegistryService.h"
 #include "platform/RuntimeError.h"
 #include "platform/windows/RegistryKey.h"
+#include "platform/windows/RegistryWatch.h"
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -27,11 +29,14 @@ public:
   /// An unknown name selects a root under which there is nothing.
   void SetRootKey(std::string_view rootName) override;
   long LastError() const override { return mLastError; }
-  /// Stays until the next failure.
   std::string LastErrorText() const override { return mLastErrorText; }
   void CloseKey() override;
   bool DeleteKey(std::string_view keyPath) override;
-  bool MayDeleteKey(std::string_view keyPath) override;
+  /// The registry cannot be locked. What is reserved is the right to the change, as far as it can be had beforehand,
+  /// and the word of our own programs not to change anything under a reservation of another.
+  std::unique_ptr<RegistryReservation> Reserve(KeyChange change, std::string_view keyPath) override;
+  void WatchKey(std::string_view keyPath) override;
+  bool WatchedKeyChanged() override;
   /// Takes the names that SubkeyName gives afterwards, so that their indexes hold while other programs write.
   std::int32_t SubkeyCount() override;
   bool KeyExists(std::string_view keyPath) override;
@@ -44,6 +49,9 @@ public:
   std::string SubkeyName(std::int32_t index) override;
 
 private:
+  void Begin();
+  /// Would the registry refuse the change?
+  bool IsPossible(KeyChange change, std::string_view keyPath);
   bool FindDeletable(std::string_view keyPath, std::wstring &path);
   void RequireOpenKey();
   void ReadSubkeyNames();
@@ -60,6 +68,7 @@ private:
   RegistryRoot mOpenRoot = RegistryRoot::LocalMachine;
   std::string mOpenPath;
   std::optional<std::vector<std::string>> mSubkeys;
+  RegistryWatch mWatch;
   long mLastError = 0;
   std::string mLastErrorText;
 };

@@ -27,6 +27,8 @@ void Check(BOOL result) {
     ThrowSystemError(GetLastError());
 }
 
+constexpr std::size_t LongestName = 255;
+
 /// Marks a file to be deleted when it is closed, or takes that back.
 BOOL MarkForDeletion(const SystemHandle &file, bool marked) {
   FILE_DISPOSITION_INFO information = {static_cast<BOOLEAN>(marked)};
@@ -80,7 +82,7 @@ WindowsStagedFile::~WindowsStagedFile() {
 }
 
 bool WindowsStagedFile::CheckReplaceable() const {
-  const std::wstring path = mFolder + L"\\" + mName;
+  const std::wstring path = Path();
   const DWORD attributes = GetFileAttributesW(path.c_str());
   if (attributes == INVALID_FILE_ATTRIBUTES) {
     const std::uint32_t error = WhatIsMissing(GetLastError(), path);
@@ -148,13 +150,13 @@ void WindowsStagedFile::SetTime() {
 }
 
 std::uint32_t WindowsStagedFile::Rename() {
-  std::vector<std::byte> information = RenameInformation(mFolder + L"\\" + mName);
+  std::vector<std::byte> information = RenameInformation(Path());
   const BOOL renamed = SetFileInformationByHandle(mFile.Get(), FileRenameInfo, information.data(),
                                                   static_cast<DWORD>(information.size()));
   return renamed != 0 ? 0 : GetLastError();
 }
 
-void WindowsStagedFile::Commit(bool flush) {
+void WindowsStagedFile::Finish(bool flush, bool setAside) {
   if (flush)
     Flush();
   const bool replaces = CheckReplaceable();
@@ -163,18 +165,56 @@ void WindowsStagedFile::Commit(bool flush) {
     Check(MarkForDeletion(mFile, false));
   mIsMarked = false;
   SetTime();
+  if (setAside && replaces)
+    SetAside();
   // By the open file, so that nobody can come between.
-  if (const std::uint32_t error = Rename(); error != 0)
+  if (const std::uint32_t error = Rename(); error != 0) {
+    if (HasReplaced())
+      TakeBack();
     ThrowSystemError(error);
+  }
   // The file is no longer there under the temporary name, and the new name goes to disk with the next flush.
   const SystemHandle file = std::move(mFile);
   if (!flush || FlushFileBuffers(file.Get()) != 0)
     return;
   const DWORD error = GetLastError();
-  // Whoever is told of a failure expects nothing there.
+  // Whoever is told of a failure expects what was there.
   if (!replaces)
     MarkForDeletion(file, true);
+  if (HasReplaced())
+    TakeBack();
   ThrowSystemError(error);
+}
+
+/// By a second name where the disk knows such, so that there is no moment without a file of the first.
+void WindowsStagedFile::SetAside() {
+  const std::wstring random = FreshName(SetAsideNames) + L"-";
+  const std::wstring aside = mFolder + L"\\" + (random + mName).substr(0, LongestName);
+  if (CreateHardLinkW(aside.c_str(), Path().c_str(), nullptr) == 0)
+    Check(MoveFileExW(Path().c_str(), aside.c_str(), 0));
+  mSetAsidePath = aside;
+}
+
+void WindowsStagedFile::Keep() noexcept {
+  if (HasReplaced())
+    DeleteFileW(mSetAsidePath.c_str());
+  mSetAsidePath.clear();
+}
+
+void WindowsStagedFile::TakeBack() {
+  if (!HasReplaced()) {
+    Check(DeleteFileW(Path().c_str()));
+    return;
+  }
+  FileFacts aside;
+  FileFacts present;
+  // Of two names of one file one is enough.
+  if (LookAt(ToUtf8(PlainPath(mSetAsidePath)), aside) == 0 && LookAt(ToUtf8(PlainPath(Path())), present) == 0 &&
+      aside.IsSameFile(present))
+    Check(DeleteFileW(mSetAsidePath.c_str()));
+  else
+    Check(MoveFileExW(mSetAsidePath.c_str(), Path().c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH));
+  mSetAsidePath.clear();
 }
 
 std::unique_ptr<StagedFile> WindowsStagedFiles::Create(std::string_view destination, bool makeFolders) {

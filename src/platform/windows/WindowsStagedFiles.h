@@ -27,7 +27,14 @@ public:
   void Seek(std::uint64_t offset) override { mPosition = offset; }
   std::uint64_t Tell() override { return mPosition; }
   void SetModificationTime(std::int64_t seconds) override;
-  void Commit(bool flush) override;
+  void Commit(bool flush) override { Finish(flush, false); }
+
+  // The steps of a StagedCopy.
+  void Place() { Finish(true, true); }
+  bool HasReplaced() const { return !mSetAsidePath.empty(); }
+  void Keep() noexcept;
+  void TakeBack();
+  const std::wstring &SetAsidePath() const { return mSetAsidePath; }
 
   /// SetModificationTime in the system's units of 100 ns since 1601.
   void KeepTime(std::uint64_t ticks) { mModified = ticks; }
@@ -37,6 +44,9 @@ public:
   void Flush();
 
 private:
+  void Finish(bool flush, bool setAside);
+  void SetAside();
+  std::wstring Path() const { return mFolder + L"\\" + mName; }
   void OpenTemporary();
   void SetTime();
   /// Is there a file to be replaced? Throws when that may not be, or somebody uses it.
@@ -49,6 +59,7 @@ private:
   SystemHandle mFile;
   bool mIsMarked = false;
   std::wstring mTemporaryPath;
+  std::wstring mSetAsidePath;
   std::uint64_t mPosition = 0;
   std::optional<std::uint64_t> mModified;
 };

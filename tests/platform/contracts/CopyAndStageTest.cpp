@@ -14,7 +14,7 @@ namespace {
 class CopyAndStageTest : public PlatformTest {
 protected:
   int Copy(const std::string &from, const std::string &to, const FileCopier::Report &report = {}) {
-    return NumberThrownBy([&] { mPlatform->Copier().Copy(from, to, report); });
+    return NumberThrownBy([&] { CopyNow(mPlatform->Copier(), from, to, report); });
   }
 
   std::int64_t TimeOf(const std::string &path) {
@@ -58,6 +58,41 @@ TEST_F(CopyAndStageTest, AFileAppearsWholeAndOnlyWhenItIsCommitted) {
     EXPECT_EQ(TimeOf(R"(C:\Games\X.hlz)"), 1'000'000'000);
     EXPECT_EQ(Entries(R"(C:\Games)"), Texts{"X.hlz"}) << "it keeps its name";
   }
+}
+
+TEST_F(CopyAndStageTest, WhatACopyReplacesComesBackUntilItIsKept) {
+  Put(R"(C:\from\x)", "new");
+  const std::string to = Put(R"(C:\to\X)", "old");
+  const auto stage = [&] { return mPlatform->Copier().Stage(R"(C:\from\x)", R"(C:\to\x)", {}); };
+  stage();
+  EXPECT_EQ(Entries(R"(C:\to)"), Texts{"X"});
+  {
+    const auto copy = stage();
+    copy->Place();
+    EXPECT_TRUE(copy->HasReplaced());
+    EXPECT_EQ(Content(to), "new");
+    // Neither a later write in the folder nor the end of the program costs the only copy.
+    for (const std::string &name : Entries(R"(C:\to)"))
+      MakeOld(Host(R"(C:\to\)" + name));
+    mNewFiles.Create(R"(C:\to\y)", false);
+    copy->TakeBack();
+    EXPECT_EQ(Content(to), "old");
+    EXPECT_EQ(Entries(R"(C:\to)"), Texts{"X"});
+  }
+  std::string aside;
+  {
+    const auto copy = stage();
+    copy->Place();
+    aside = copy->SetAsidePath();
+  }
+  EXPECT_EQ(Content(aside), "old") << aside;
+  std::filesystem::remove(Host(aside));
+  std::filesystem::remove(Host(to));
+  const auto copy = stage();
+  copy->Place();
+  EXPECT_FALSE(copy->HasReplaced());
+  copy->TakeBack();
+  EXPECT_EQ(Entries(R"(C:\to)"), Texts{});
 }
 
 TEST_F(CopyAndStageTest, FoldersAreMadeAndStayOnlyWithTheirFile) {

@@ -7,6 +7,8 @@
 
 #include <limits>
 
+#include <functional>
+
 namespace turfdesk::test {
 
 namespace {
@@ -125,7 +127,7 @@ TEST_F(RegistryServiceTest, DeletesKeysWithoutSubkeysOnly) {
   ASSERT_TRUE(mService->OpenKey(Below("A\\B"), true));
   mService->CloseKey();
   for (const std::string &refused : {Below("A"), Below("A\\C"), Below("A\\\\C"), std::string("\\"), std::string()}) {
-    EXPECT_FALSE(mService->MayDeleteKey(refused)) << refused;
+    EXPECT_EQ(mService->Reserve(KeyChange::Delete, refused), nullptr) << refused;
     const std::string words = mService->LastErrorText();
     EXPECT_FALSE(mService->DeleteKey(refused)) << refused;
     EXPECT_NE(mService->LastError(), 0);
@@ -133,11 +135,43 @@ TEST_F(RegistryServiceTest, DeletesKeysWithoutSubkeysOnly) {
     EXPECT_EQ(words == "A settings key that has subkeys is not deleted", refused == Below("A") || refused.size() < 2)
         << words;
   }
-  EXPECT_TRUE(mService->MayDeleteKey(Below("a\\b\\")));
+  EXPECT_NE(mService->Reserve(KeyChange::Delete, Below("a\\b\\")), nullptr);
   EXPECT_TRUE(mService->KeyExists(Below("A\\B"))) << "asking changes nothing";
   EXPECT_TRUE(mService->DeleteKey(Below("a\\b\\")));
   EXPECT_FALSE(mService->KeyExists(Below("A\\B")));
   EXPECT_TRUE(mService->DeleteKey(Below("A")));
+}
+
+TEST_F(RegistryServiceTest, OnlyWhatAnotherPlatformHasChangedInAWatchedKeyCounts) {
+  const auto isNoticed = [this](const std::function<void()> &change) {
+    mService->WatchKey(Below("Watched"));
+    change();
+    return mService->WatchedKeyChanged();
+  };
+  const auto set = [](RegistryService &service, const char *key, const char *text) {
+    ASSERT_TRUE(service.OpenKey(Below(key), true));
+    service.SetStringValue("Name", text);
+    service.CloseKey();
+  };
+  EXPECT_FALSE(isNoticed([&] { set(*mOther, "Elsewhere", "x"); }));
+  EXPECT_TRUE(isNoticed([&] { set(*mOther, "Watched\\A", "1"); })) << "it was not there before";
+  EXPECT_FALSE(isNoticed([&] { set(*mService, "Watched\\B", "own"); }));
+  EXPECT_FALSE(isNoticed([&] { set(*mOther, "Watched\\A", "1"); })) << "it has that value";
+  EXPECT_TRUE(isNoticed([&] { set(*mOther, "watched\\a", "2"); }));
+  EXPECT_TRUE(isNoticed([&] { mOther->DeleteKey(Below("Watched\\B")); }));
+  EXPECT_TRUE(isNoticed([&] {
+    set(*mOther, "Watched\\A", "3");
+    set(*mService, "Watched\\A", "4");
+    EXPECT_TRUE(mService->DeleteKey(Below("Watched\\A")));
+  })) << "before we wrote over it";
+  EXPECT_FALSE(isNoticed([&] {
+    const auto reservation = mService->Reserve(KeyChange::Create, Below("Watched\\C"));
+    ASSERT_NE(reservation, nullptr);
+    for (const char *text : {"5", "6"})
+      set(*mService, "Watched\\C", text);
+  }));
+  ASSERT_TRUE(mOther->OpenKey(Below("Watched\\C"), false));
+  EXPECT_EQ(mOther->GetStringValue("Name"), "6");
 }
 
 TEST_F(RegistryServiceTest, RefusesPathsThatNameNoKey) {

@@ -47,7 +47,7 @@ TEST_F(UnreachablePathsTest, FilesThatAreToBeUsed) {
                          {75, {R"(C:\folder)", "C:", "C:\\"}},
                          {76, mNoPaths}};
   cases[76].emplace_back(R"(C:\none\x)");
-  Expect(cases, [this](const std::string &path) { mPlatform->Copier().Copy(path, R"(C:\new)", {}); });
+  Expect(cases, [this](const std::string &path) { CopyNow(mPlatform->Copier(), path, R"(C:\new)", {}); });
   Expect(cases, [this](const std::string &path) { mPlatform->Programs().Shell(path, {"x"}, WindowStyle::Hidden); });
   for (const auto &[number, paths] : cases)
     for (const std::string &path : paths) {
@@ -78,7 +78,7 @@ TEST_F(UnreachablePathsTest, FilesThatAreToBeMade) {
   Expect(cases, [this](const std::string &path) { mPlatform->NewFiles().Create(path, true); });
   cases[76].emplace_back(R"(C:\none\x)");
   Expect(cases, [this](const std::string &path) { mPlatform->NewFiles().Create(path, false); });
-  Expect(cases, [this](const std::string &path) { mPlatform->Copier().Copy(R"(C:\file)", path, {}); });
+  Expect(cases, [this](const std::string &path) { CopyNow(mPlatform->Copier(), R"(C:\file)", path, {}); });
   EXPECT_EQ(Entries("C:\\"), (Texts{"file", "folder", "locked"}));
   EXPECT_EQ(Content(R"(C:\locked)"), "content");
 }

@@ -19,7 +19,7 @@ class DiskTest : public PlatformTest {
 protected:
   /// Copies a large file over an old one.
   int Copy(const FileCopier::Report &report = {}) {
-    return NumberThrownBy([&] { mPlatform->Copier().Copy(mFrom, mTo, report); });
+    return NumberThrownBy([&] { CopyNow(mPlatform->Copier(), mFrom, mTo, report); });
   }
 
   const std::string mContent = LargeContent();

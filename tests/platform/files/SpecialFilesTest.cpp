@@ -25,7 +25,7 @@ protected:
   }
 
   int Copy(const std::string &from, const std::string &to) {
-    return NumberThrownBy([&] { mPlatform->Copier().Copy(from, to, {}); });
+    return NumberThrownBy([&] { CopyNow(mPlatform->Copier(), from, to, {}); });
   }
 
   perms PermissionsOf(const std::string &path) const { return std::filesystem::status(Host(path)).permissions(); }

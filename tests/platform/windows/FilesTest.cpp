@@ -59,7 +59,7 @@ private:
 class WindowsFilesTest : public PlatformTest {
 protected:
   int Copy(const std::string &from, const std::string &to, const FileCopier::Report &report = {}) {
-    return NumberThrownBy([&] { mPlatform->Copier().Copy(from, to, report); });
+    return NumberThrownBy([&] { CopyNow(mPlatform->Copier(), from, to, report); });
   }
   int Create(const std::string &path) {
     return NumberThrownBy([&] { mNewFiles.Create(path, false); });

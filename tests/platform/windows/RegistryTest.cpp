@@ -163,7 +163,7 @@ TEST_F(RegistryTest, WhatMayNotBeReadIsNotTakenForMissing) {
     }
   EXPECT_FALSE(mService->OpenKey(kept, true));
   EXPECT_EQ(mService->LastErrorText(), denied + kept);
-  EXPECT_FALSE(mService->MayDeleteKey(kept));
+  EXPECT_EQ(mService->Reserve(KeyChange::Delete, kept), nullptr);
   EXPECT_EQ(mService->LastErrorText(), denied + kept);
 }
 
