@@ -5,6 +5,7 @@
 
 #include "catalogue/Catalogue.h"
 #include "catalogue/CatalogueRows.h"
+#include "platform/RuntimeError.h"
 #include "support/ErrorHandling.h"
 #include "support/Prompts.h"
 #include "support/basVorinRegistry.h"
@@ -92,7 +93,7 @@ bool StoppedByChange(SharedState &state, std::string_view undone) {
     if (!CatalogueChanged(state))
       return false;
   } catch (const std::exception &error) {
-    words = error.what();
+    words = DescriptionOf(error);
   }
   ShowError(state, words + Newlines(2) + std::string(undone));
   return true;

@@ -3,6 +3,7 @@
 
 #include "shell/FileTypes.h"
 
+#include "platform/RuntimeError.h"
 #include "support/Prompts.h"
 #include "support/Registry.h"
 
@@ -37,7 +38,7 @@ void RegisterInOwnTree(SharedState &state) {
   try {
     state.platform.Branches().Apply(changes);
   } catch (const std::exception &error) {
-    ShowPlainBox(state.boxes, error.what());
+    ShowPlainBox(state.boxes, DescriptionOf(error));
   }
 }
 
