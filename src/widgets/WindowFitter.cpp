@@ -26,16 +26,19 @@ constexpr qreal UsualFont = 12;
 /// Says of a window that it has been fitted; from then on its size is the user's.
 constexpr char Fitted[] = "fitted";
 
-/// The frame that the window system draws around windows. One that has not been shown yet will have that of its parent.
+/// The frame that the window system draws around a window, as far as it is known.
+QMargins KnownFrameOf(const QWidget &window) {
+  const QRect inner = window.geometry();
+  const QRect outer = window.frameGeometry();
+  return {inner.left() - outer.left(), inner.top() - outer.top(), outer.right() - inner.right(),
+          outer.bottom() - inner.bottom()};
+}
+
+/// What has to be reckoned with: a window that has not been shown yet will have the frame of its parent.
 QMargins FrameOf(const QWidget &window) {
-  const QWidget *shown = window.parentWidget() != nullptr ? window.parentWidget()->window() : &window;
-  const QRect inner = shown->geometry();
-  const QRect outer = shown->frameGeometry();
-  if (shown->isVisible() && inner != outer)
-    return {inner.left() - outer.left(), inner.top() - outer.top(), outer.right() - inner.right(),
-            outer.bottom() - inner.bottom()};
+  const QMargins known = KnownFrameOf(window.parentWidget() != nullptr ? *window.parentWidget()->window() : window);
   constexpr QMargins usualFrame(8, 31, 8, 8);
-  return usualFrame;
+  return known.isNull() ? usualFrame : known;
 }
 
 const QScreen &ScreenOf(const QWidget &window) {
@@ -145,14 +148,17 @@ QSize RoomOnScreen(const QWidget &window) {
 void PlaceBeside(QWidget &window, const QWidget &other) {
   const QRect screen = ScreenOf(other).availableGeometry();
   const QRect taken = other.frameGeometry();
-  const QSize size = window.size().grownBy(FrameOf(other));
+  const QMargins frame = KnownFrameOf(other);
+  const QSize size = window.size().grownBy(frame);
   const int roomLeft = taken.left() - screen.left();
   const int roomRight = screen.right() - taken.right();
   const bool toTheRight = roomRight >= std::min(size.width(), roomLeft);
   const int besideX = toTheRight ? taken.right() + 1 : taken.left() - size.width();
   const auto within = [](int wanted, int first, int last) { return std::max(first, std::min(wanted, last)); };
-  window.move(within(besideX, screen.left(), screen.right() + 1 - size.width()),
-              within(taken.top(), screen.top(), screen.bottom() + 1 - size.height()));
+  const QPoint corner(within(besideX, screen.left(), screen.right() + 1 - size.width()),
+                      within(taken.top(), screen.top(), screen.bottom() + 1 - size.height()));
+  // Not moved by its corner: before a window is shown, some systems know nothing of its frame.
+  window.setGeometry(QRect(corner, size).marginsRemoved(frame));
 }
 
 } // namespace turfdesk
