@@ -32,6 +32,7 @@ void RegisterInOwnTree(SharedState &state) {
   if (std::ranges::all_of(FileTypes, [&state](const FileType &type) { return IsRegistered(state, type); }))
     return;
   std::vector<RegistryChange> changes;
+  changes.reserve(FileTypes.size());
   for (const FileType &type : FileTypes)
     changes.push_back(
         {RegistryChange::Kind::SetValue, RegistryRoot::ClassesRoot, type.extension, "", {RegSz, 0, type.text}});

@@ -62,7 +62,7 @@ bool HasStopBox(const test::GolfProgram &program) {
 /// Words that a user can do something with.
 bool TellsWhy(const std::string &text) {
   for (const ErrorNumber number : {ErrorNumber::DiskFull, ErrorNumber::DeviceIo, ErrorNumber::PathFileAccess})
-    if (text.starts_with(ErrorText(number)))
+    if (text.starts_with(ErrorText(number)) || text.find(std::string(": ") + ErrorText(number)) != std::string::npos)
       return true;
   return text.find("The settings file cannot be ") != std::string::npos ||
          text.find("The disk has no room for the settings: ") != std::string::npos || text.starts_with("Error ") ||

@@ -28,51 +28,37 @@ std::uint64_t Now() {
   return std::uint64_t{now.dwHighDateTime} << 32U | now.dwLowDateTime;
 }
 
-bool IsLink(std::uint32_t attributes) { return (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0; }
-bool IsFolder(std::uint32_t attributes) { return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0; }
+bool IsLink(const FolderEntry &entry) { return (entry.attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0; }
+bool IsFolder(const FolderEntry &entry) { return (entry.attributes & FILE_ATTRIBUTE_DIRECTORY) != 0; }
 
-/// The path that an open file or folder has at this moment, all links in it resolved; "" when it cannot be told.
-std::wstring PathOfOpen(const SystemHandle &file) {
-  std::wstring path(MAX_PATH, L'\0');
-  DWORD length = GetFinalPathNameByHandleW(file.Get(), path.data(), static_cast<DWORD>(path.size()), 0);
-  if (length > path.size()) {
-    path.resize(length);
-    length = GetFinalPathNameByHandleW(file.Get(), path.data(), static_cast<DWORD>(path.size()), 0);
-  }
-  path.resize(length < path.size() ? length : 0);
-  return path;
-}
-
-/// Opens a file, folder or link, and not what a link leads to. Nobody can delete it, rename it or put something else in
-/// its place while it is open.
-SystemHandle OpenForRemoval(const std::wstring &path) {
-  constexpr DWORD access = DELETE | FILE_READ_ATTRIBUTES | FILE_WRITE_ATTRIBUTES;
-  constexpr DWORD flags = FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT;
-  return SystemHandle(CreateFileW(path.c_str(), access, FILE_SHARE_READ, nullptr, OPEN_EXISTING, flags, nullptr));
-}
-
-/// Removes what is open, with all that it holds.
-///
-/// A folder for temporary files may be open to others, who might put a link in the place of a folder while this one
-/// goes through it. So what is removed is what was opened, and that only where the disk says that it lies in its
-/// folder.
-void RemoveOpen(const SystemHandle &opened, const std::wstring &path) {
+/// Nobody can rename, delete or replace the folder while it is held: others may write where temporary files lie, and a
+/// junction put in the folder's place would lead the sweep, perhaps an administrator's, out of it. Nothing where there is
+/// a link already.
+SystemHandle HoldFolder(const std::wstring &folder) {
+  SystemHandle handle;
+  constexpr std::uint32_t flags = FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT;
   FILE_BASIC_INFO facts = {};
-  const std::wstring place = PathOfOpen(opened);
-  if (place.empty() || GetFileInformationByHandleEx(opened.Get(), FileBasicInfo, &facts, sizeof(facts)) == 0)
-    return;
-  if (IsFolder(facts.FileAttributes) && !IsLink(facts.FileAttributes))
-    ForEachEntry(path, [&](const FolderEntry &entry) {
-      const std::wstring entryPath = EntryPath(path, entry.name);
-      if (const SystemHandle inner = OpenForRemoval(entryPath); PathOfOpen(inner) == EntryPath(place, entry.name))
-        RemoveOpen(inner, entryPath);
-    });
-  if ((facts.FileAttributes & FILE_ATTRIBUTE_READONLY) != 0) {
-    facts.FileAttributes = FILE_ATTRIBUTE_NORMAL;
-    SetFileInformationByHandle(opened.Get(), FileBasicInfo, &facts, sizeof(facts));
-  }
-  FILE_DISPOSITION_INFO disposition = {TRUE};
-  SetFileInformationByHandle(opened.Get(), FileDispositionInfo, &disposition, sizeof(disposition));
+  if (OpenExisting(folder, FILE_LIST_DIRECTORY, FILE_SHARE_READ | FILE_SHARE_WRITE, handle, flags) != 0 ||
+      GetFileInformationByHandleEx(handle.Get(), FileBasicInfo, &facts, sizeof(facts)) == 0 ||
+      (facts.FileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0)
+    return {};
+  return handle;
+}
+
+void RemoveEntry(const std::wstring &path, const FolderEntry &entry) {
+  if ((entry.attributes & FILE_ATTRIBUTE_READONLY) != 0)
+    SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
+  if (!IsFolder(entry))
+    DeleteFileW(path.c_str());
+  else if (IsLink(entry))
+    RemoveDirectoryW(path.c_str());
+  else
+    RemoveWithContents(path);
+}
+
+bool IsInUse(const std::wstring &path) {
+  SystemHandle handle;
+  return OpenExisting(path, DELETE, 0, handle) != 0;
 }
 
 /// A file that was set aside comes back where its name is free: whoever had set it aside has not come to replace it.
@@ -95,8 +81,10 @@ std::wstring FreshName(const TemporaryNames &names) {
 }
 
 void RemoveWithContents(const std::wstring &folder) {
-  if (const SystemHandle opened = OpenForRemoval(folder); opened.IsOpen())
-    RemoveOpen(opened, folder);
+  if (const SystemHandle held = HoldFolder(folder); held.IsOpen())
+    ForEachEntry(folder, [&folder](const FolderEntry &entry) { RemoveEntry(EntryPath(folder, entry.name), entry); });
+  // Of a link that has come in the folder's place meanwhile, this removes the link.
+  RemoveDirectoryW(folder.c_str());
 }
 
 void RemoveAbandoned(const std::wstring &folder, const TemporaryNames &names, TemporaryKind kind) {
@@ -105,9 +93,12 @@ void RemoveAbandoned(const std::wstring &folder, const TemporaryNames &names, Te
       BringBack(folder, entry.name, ToWide(*oldName));
       return;
     }
-    const bool isOfKind = IsFolder(entry.attributes) == (kind == TemporaryKind::Folders) && !IsLink(entry.attributes);
-    if (isOfKind && names.Include(ToUtf8(entry.name)) && entry.modified + AbandonedAfterTicks <= Now())
-      RemoveWithContents(EntryPath(folder, entry.name));
+    const bool isOfKind = IsFolder(entry) == (kind == TemporaryKind::Folders) && !IsLink(entry);
+    if (!isOfKind || !names.Include(ToUtf8(entry.name)) || entry.modified + AbandonedAfterTicks > Now())
+      return;
+    const std::wstring path = EntryPath(folder, entry.name);
+    if (!IsInUse(path))
+      RemoveEntry(path, entry);
   });
 }
 

@@ -16,8 +16,7 @@ namespace turfdesk {
 /// A name of that kind that hardly anybody has used before.
 std::wstring FreshName(const TemporaryNames &names);
 
-/// Removes a folder or file with all that it holds, as far as that can be done; one that somebody has open stays. What
-/// a link leads to stays, also where somebody puts one in the way meanwhile.
+/// Removes a folder with all that it holds, as far as that can be done. What a link in it leads to stays.
 void RemoveWithContents(const std::wstring &folder);
 
 enum class TemporaryKind { Files, Folders };

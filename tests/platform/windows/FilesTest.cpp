@@ -209,21 +209,6 @@ TEST_F(WindowsFilesTest, TheTempFolderLiesWhereThereIsAPlaceForOne) {
   }
 }
 
-TEST_F(WindowsFilesTest, ASweepLeavesWhatALinkLeadsTo) {
-  Put(R"(C:\outside\deep\x)", "kept");
-  const std::string left = R"(C:\Temp\)" + LeftoverName(TempFolderNames);
-  const std::string linked = R"(C:\Temp\)" + LeftoverName(TempFolderNames, 1);
-  SetReadOnly(Put(left + R"(\deep\locked)"), true);
-  for (const std::string &link : {left + R"(\deep\link)", linked})
-    ASSERT_NE(CreateSymbolicLinkW(ToWide(link).c_str(), L"C:\\outside", SYMBOLIC_LINK_FLAG_DIRECTORY), 0);
-  MakeOld(left);
-  const Variable temp(L"TMP", "C:\\Temp");
-  mPlatform->CreateFileService()->GetTempFolder();
-  EXPECT_FALSE(std::filesystem::exists(left));
-  EXPECT_NE(GetFileAttributesW(ToWide(linked).c_str()), INVALID_FILE_ATTRIBUTES);
-  EXPECT_EQ(Content(R"(C:\outside\deep\x)"), "kept");
-}
-
 TEST_F(WindowsFilesTest, PathsOfTheNetworkAndOfUsersAreUnderstood) {
   std::string longest = "C:\\";
   for (int i = 0; i < 255; ++i)
