@@ -4,6 +4,7 @@
 #include "../PlatformTest.h"
 
 #include "common/InjectedFault.h"
+#include "samples/Basics.h"
 
 #include <algorithm>
 
