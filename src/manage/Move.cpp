@@ -99,8 +99,8 @@ private:
     auto reservation = ReserveEntry(mState, KeyChange::Write, mEntryKey);
     if (reservation && GetRegistryValue(mState, LocalMachine, mEntryKey, field.valueName, "") != path) {
       reservation.reset();
-      ShowError(mState,
-                AsOneLine(path) + Newlines(2) + "Another program has changed the entry of this file. It has not been moved.");
+      ShowError(mState, AsOneLine(path) + Newlines(2) +
+                            "Another program has changed the entry of this file. It has not been moved.");
     }
     return reservation;
   }

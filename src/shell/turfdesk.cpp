@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 Turf Desk contributors
 
-#include "shell/Main.h"
 #include "platform/Ending.h"
 #include "platform/RuntimeError.h"
 #include "platform/Terminal.h"
+#include "shell/Main.h"
 #include "shell/ProgramIcon.h"
 #include "shell/frmTurfManager.h"
 #include "support/ErrorHandling.h"

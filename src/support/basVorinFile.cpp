@@ -6,6 +6,7 @@
 #include "platform/CaseFold.h"
 #include "platform/PathText.h"
 #include "platform/RuntimeError.h"
+#include "platform/ShownText.h"
 #include "platform/WindowsNames.h"
 #include "support/Prompts.h"
 #include "support/basVorinString.h"
@@ -85,7 +86,8 @@ void TakeBack(SharedState &state, StagedCopy &copy) {
     copy.TakeBack();
   } catch (const std::exception &error) {
     if (copy.HasReplaced())
-      ShowError(state, DescriptionOf(error) + Newlines(2) + "The file is now here." + Newlines(2) + AsOneLine(copy.SetAsidePath()));
+      ShowError(state, DescriptionOf(error) + Newlines(2) + "The file is now here." + Newlines(2) +
+                           AsOneLine(copy.SetAsidePath()));
   }
 }
 

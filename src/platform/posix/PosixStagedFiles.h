@@ -90,7 +90,7 @@ private:
   Descriptor mFile;
   std::string mTemporaryName; ///< "" while the file has none
   Leftover mLeftover;
-  std::string mSetAsideName;  ///< "" while nothing is set aside
+  std::string mSetAsideName; ///< "" while nothing is set aside
   bool mIsFlushed = false;
   std::uint64_t mPosition = 0;
   std::optional<timespec> mModified;

@@ -32,8 +32,8 @@ bool IsLink(const FolderEntry &entry) { return (entry.attributes & FILE_ATTRIBUT
 bool IsFolder(const FolderEntry &entry) { return (entry.attributes & FILE_ATTRIBUTE_DIRECTORY) != 0; }
 
 /// Nobody can rename, delete or replace the folder while it is held: others may write where temporary files lie, and a
-/// junction put in the folder's place would lead the sweep, perhaps an administrator's, out of it. Nothing where there is
-/// a link already.
+/// junction put in the folder's place would lead the sweep, perhaps an administrator's, out of it. Nothing where there
+/// is a link already.
 SystemHandle HoldFolder(const std::wstring &folder) {
   SystemHandle handle;
   constexpr std::uint32_t flags = FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT;
