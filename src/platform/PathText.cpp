@@ -85,7 +85,7 @@ std::string_view ExtensionOf(std::string_view path) {
 }
 
 std::string CleanPath(std::string_view path) {
-  const std::string plain = WithoutSystemBeginning(path);
+  std::string plain = WithoutSystemBeginning(path);
   if (!IsFullWindowsPath(plain) && !IsNetworkPath(plain))
     return plain;
   std::string_view names = plain;

@@ -75,9 +75,8 @@ bool IsWindowsPath(const QString &text) {
 /// A dialog that knows of no drives takes a Windows path for the name of a file in the folder that it shows.
 std::string ChosenPath(Platform &platform, const QFileDialog &dialog) {
   QString chosen = dialog.selectedFiles().first();
-  const QString shownFolder = QDir(dialog.directory().absolutePath()).filePath("");
-  if (chosen.startsWith(shownFolder) && IsWindowsPath(chosen.mid(shownFolder.size())))
-    chosen = chosen.mid(shownFolder.size());
+  if (const QString name = dialog.directory().relativeFilePath(chosen); IsWindowsPath(name))
+    chosen = name;
   std::string path = platform.ToWindowsPath(ToUtf8(QDir::toNativeSeparators(chosen)));
   if (path.empty())
     throw RuntimeError(ErrorNumber::BadFileName);

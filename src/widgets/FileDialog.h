@@ -24,7 +24,7 @@ struct FileDialogRequest {
   /// Alternatives of description and patterns, all separated by bars: "Music (*.wav; *.mp3)|*.wav; *.mp3|". Blanks
   /// around a pattern do not count, nor does case. The first one is chosen at the start.
   std::string filter;
-  std::string otherwiseDir;
+  std::string otherwiseDir = {};
 };
 
 /// Shows the platform's open dialog over parent. A name of a file that does not exist can be typed, and so

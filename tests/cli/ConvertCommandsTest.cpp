@@ -31,7 +31,7 @@ TEST_F(ConvertCommandsTest, ConvertsAndTellsWhatTheFormTells) {
   const Outcome converted = Run(R"(--json convert 'c:\old courses\fågelsjö äng')");
   EXPECT_EQ(converted.status, 0) << converted.errors;
   EXPECT_EQ(converted.Boxes(), Texts{"info [Layout Converter] The course was converted successfully."});
-  EXPECT_EQ(converted.Answer()["steps"], (Json{{{"file", R"(c:\old courses\fågelsjö äng)"},
+  EXPECT_EQ(converted.Answer()["steps"], (Json{{{"file", R"(C:\old courses\fågelsjö äng)"},
                                                 {"route", "Please wait while your course is being converted..."}}}));
   EXPECT_EQ(Run("--json list --courses").Answer()["courses"][0]["name"], "Fågelsjö Äng");
 

@@ -85,6 +85,7 @@ TEST_F(TurfctlTest, AFolderIsOneByAllItsNames) {
   const std::string file = R"(C:\Dl\Grass.hlb)";
   samples::WriteLibrary(Host("Dl/Grass.hlb"), grass);
   std::filesystem::create_directories(Host("Dl/sub"));
+  ASSERT_EQ(Run("list").status, 0) << "the first start makes the drives";
   Texts names = {R"(C:\Dl\)", "C:/Dl", R"(C:\Dl\sub\..)", R"(c:\\DL\.)", HostText("Dl/"), HostText("Dl/sub/..")};
   // A link and a second drive, where the system has such; not the folder of links.
   Texts aliases = test::MakeAliases(home.Path(), R"(C:\Dl)");
