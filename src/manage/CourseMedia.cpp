@@ -5,6 +5,7 @@
 
 #include "catalogue/Catalogue.h"
 #include "catalogue/CatalogueRows.h"
+#include "catalogue/LoadLists.h"
 #include "support/ErrorHandling.h"
 #include "support/Prompts.h"
 #include "support/basVorinRegistry.h"
@@ -16,13 +17,14 @@ namespace turfdesk {
 
 namespace {
 
-/// The row is what the user saw. False when the entry has changed under it, or has gone; the user has been told.
+/// The row is what the user saw. False when another process has changed the entry under it, or it has gone; the user
+/// has been told.
 bool IsAsShown(SharedState &state, const Row &course) {
   const std::string entryKey = CourseEntryKey(course.Tag());
   const char *words = "Another program has changed the entry of this course. Nothing has been saved.";
   if (!CourseKeyExists(state, course.Tag()))
     words = "This course is no longer installed. Nothing has been saved.";
-  else if (std::ranges::all_of(CourseMediaKinds, [&](const CourseMedia &kind) {
+  else if (!CatalogueChanged(state) || std::ranges::all_of(CourseMediaKinds, [&](const CourseMedia &kind) {
              return GetRegistryValue(state, LocalMachine, entryKey, kind.valueName, "") == course.SubItems(kind.column);
            }))
     return true;

@@ -127,14 +127,15 @@ private:
 bool MoveFiles(SharedState &state, Row &row, Journey &journey) {
   FileMover mover(state, CourseEntryKey(row.Tag()), row, journey);
   return std::ranges::all_of(CourseFields, [&](const PathField &field) {
-    const std::string path = row.SubItems(field.column);
-    return path.empty() || mover.Move(path, field);
+    const std::string &path = row.SubItems(field.column);
+    return path.empty() || mover.Move(std::string(path), field);
   });
 }
 
 bool MoveLibraryFile(SharedState &state, Row &row, Journey &journey) {
-  const std::string path = row.SubItems(column::Filename);
-  return path.empty() || FileMover(state, LibraryEntryKey(row.Tag()), row, journey).Move(path, FilenameField);
+  const std::string &path = row.SubItems(column::Filename);
+  return path.empty() ||
+         FileMover(state, LibraryEntryKey(row.Tag()), row, journey).Move(std::string(path), FilenameField);
 }
 
 bool MoveOrphan(SharedState &state, const std::string &libraryKey, Journey &journey) {
