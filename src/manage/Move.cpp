@@ -174,11 +174,11 @@ bool MoveItem(SharedState &state, const MoveRequest &request, StatusWindow &wind
     ShowError(state, LoadResString(StringId::NothingSelected));
     return false;
   }
-  if (StoppedByChange(state, "Nothing has been moved."))
-    return false;
   double totalBytes = 0;
   PassOver([&] { totalBytes = SumOfSizes(state, *request.item); });
   WorkInProgress work(state, window, totalBytes);
+  if (StoppedByChange(state, "Nothing has been moved."))
+    return false;
   const auto move = state.activeList == ActiveCourses ? &MoveCourse : &MoveLibrary;
   bool moved = false;
   PassOver([&] { moved = move(state, *request.item, request.destination, window.FileLabel(), window.RouteLabel()); });
