@@ -9,7 +9,7 @@
 #include <QApplication>
 #include <QEvent>
 #include <QFileDialog>
-#include <QFontInfo>
+#include <QFont>
 #include <QMessageBox>
 #include <QScreen>
 #include <QVBoxLayout>
@@ -49,8 +49,16 @@ bool FitsInto(const QSize &room, const QSize &size) {
   return size.width() <= room.width() && size.height() <= room.height();
 }
 
+/// As the font was asked for. To look for the one that is there takes as long as everything else before the first
+/// picture of a window.
+qreal PixelsOfFont(const QWidget &window) {
+  const QFont font = window.font();
+  constexpr qreal pointsOfInch = 72;
+  return font.pixelSize() > 0 ? font.pixelSize() : font.pointSizeF() * window.logicalDpiY() / pointsOfInch;
+}
+
 void GrowWithFont(QWidget &window) {
-  const qreal factor = QFontInfo(window.font()).pixelSize() / UsualFont;
+  const qreal factor = PixelsOfFont(window) / UsualFont;
   if (factor <= 1)
     return;
   if (window.testAttribute(Qt::WA_Resized))
