@@ -42,6 +42,8 @@ void Talk(const Arguments & /*arguments*/) {
   std::cout << "output " << (std::getline(std::cin, line) ? "with" : "without") << " input" << std::endl;
 }
 
+void Complain(const Arguments & /*arguments*/) { std::cerr << "complaint" << std::endl; }
+
 void UseTempFolder(const Arguments &arguments) {
   const auto platform = MakePlatform(arguments[1]);
   const auto service = platform->CreateFileService();
@@ -63,7 +65,7 @@ int main(int argc, char **argv) {
   try {
     const Arguments arguments = CommandArguments(argc, argv);
     const std::map<std::string, void (*)(const Arguments &)> deeds = {
-        {"note", Note}, {"await", Await}, {"talk", Talk}, {"temp", UseTempFolder}};
+        {"note", Note}, {"await", Await}, {"talk", Talk}, {"complain", Complain}, {"temp", UseTempFolder}};
     deeds.at(arguments.at(0))(arguments);
     return 0;
   } catch (const std::exception &error) {

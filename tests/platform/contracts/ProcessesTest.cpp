@@ -78,7 +78,8 @@ TEST_F(ProcessesTest, OutputOfAProgramStaysOutOfOurs) {
   EXPECT_EQ(errors.substr(0, errors.find_last_not_of("\r\n") + 1), "output without input");
 
   testing::internal::CaptureStderr();
-  const ProcessHandle staying = mPrograms.OpenProcess(mPrograms.Shell(mProgram, {"talk"}, WindowStyle::NormalFocus));
+  const ProcessHandle staying =
+      mPrograms.OpenProcess(mPrograms.Shell(mProgram, {"complain"}, WindowStyle::NormalFocus));
   mPrograms.WaitForSingleObject(staying, nullptr, nullptr);
   mPrograms.CloseHandle(staying);
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "") << "a program that may stay has our output in its hands";
