@@ -8,6 +8,8 @@
 #include "support/ErrorHandling.h"
 #include "support/basVorinFile.h"
 
+#include <utility>
+
 namespace turfdesk {
 
 namespace {
@@ -80,6 +82,22 @@ std::string GetLibrariesInCourse(SharedState &state, std::string_view courseKey)
   std::string filename;
   Guarded(state, ReadingLabel, [&] { filename = GetCourseFilename(state, courseKey); });
   return ReadLibraryList(state, course, filename);
+}
+
+bool UpdateLibraryLists(SharedState &state) {
+  bool changed = false;
+  for (std::size_t i = 0; i < state.lstCourses.Count(); ++i) {
+    Row &row = state.lstCourses.At(i);
+    CourseFile course(state);
+    course.FileName = row.SubItems(column::Filename);
+    std::string libraries;
+    PassOver([&] { libraries = course.ReadFile() ? JoinKeys(course.LibraryGUIDS()) : ""; });
+    if (libraries.empty() || libraries == row.SubItems(column::Libraries))
+      continue;
+    row.SetSubItems(column::Libraries, std::move(libraries));
+    changed = true;
+  }
+  return changed;
 }
 
 Row *FindListRow(std::string_view key, std::string_view text, ListView &list, bool addIfMissing) {

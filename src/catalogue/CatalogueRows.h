@@ -43,6 +43,11 @@ void FillOrRemove(SharedState &state, ListView &list, FillRow fillRow, std::stri
 /// A file that cannot be read gives "" and shows nothing.
 std::string GetLibrariesInCourse(SharedState &state, std::string_view courseKey);
 
+/// The catalogue does not show that a course's file was replaced, by another edition that asks for other libraries.
+/// Where that was so, rows take over what the files say; where a file cannot be read, or asks for none, its row stays.
+/// True when a row has changed.
+bool UpdateLibraryLists(SharedState &state);
+
 /// The first row whose Tag begins with key. Where there is none and addIfMissing is set, a new row with this Key and
 /// Text, whose Tag and columns are the caller's to fill; else null.
 Row *FindListRow(std::string_view key, std::string_view text, ListView &list, bool addIfMissing);

@@ -45,6 +45,20 @@ void SelectFirstRow(const SharedState &state, ListView &list, std::int32_t which
   list.Select(state.activeList == which && list.Count() > 0 ? &list.At(0) : nullptr);
 }
 
+bool UseChanged(SharedState &state) { return CatalogueChanged(state) || UpdateLibraryLists(state); }
+
+bool StoppedBy(SharedState &state, bool (*changed)(SharedState &), std::string_view undone) {
+  std::string words(ChangedWords);
+  try {
+    if (!changed(state))
+      return false;
+  } catch (const std::exception &error) {
+    words = DescriptionOf(error);
+  }
+  ShowError(state, words + Newlines(2) + std::string(undone));
+  return true;
+}
+
 } // namespace
 
 void LoadCourses(SharedState &state) {
@@ -88,15 +102,9 @@ bool LoadAgainIfChanged(SharedState &state) {
 }
 
 bool StoppedByChange(SharedState &state, std::string_view undone) {
-  std::string words(ChangedWords);
-  try {
-    if (!CatalogueChanged(state))
-      return false;
-  } catch (const std::exception &error) {
-    words = DescriptionOf(error);
-  }
-  ShowError(state, words + Newlines(2) + std::string(undone));
-  return true;
+  return StoppedBy(state, &CatalogueChanged, undone);
 }
+
+bool StoppedByChangeOfUse(SharedState &state, std::string_view undone) { return StoppedBy(state, &UseChanged, undone); }
 
 } // namespace turfdesk

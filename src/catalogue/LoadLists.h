@@ -31,6 +31,10 @@ bool LoadAgainIfChanged(SharedState &state);
 /// so; the user has been told, with undone as the last word, such as "Nothing has been moved.".
 bool StoppedByChange(SharedState &state, std::string_view undone);
 
+/// The same for what depends on which course uses which library: it also stops where a course's file has been replaced
+/// by one that asks for other libraries. The course's row shows these then.
+bool StoppedByChangeOfUse(SharedState &state, std::string_view undone);
+
 /// While one lives a command is at work, with references to rows.
 class CommandAtWork {
 public:

@@ -16,8 +16,11 @@
 #include "support/basVorinFile.h"
 #include "support/basVorinString.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace turfdesk {
 
@@ -69,6 +72,8 @@ constexpr ContentKind LibraryKind = {&LibraryKeyExists,
 struct Content {
   std::string guid;
   std::string name;
+  /// The keys of the libraries that it requires.
+  std::vector<std::string> libraries;
 };
 
 struct Route {
@@ -96,12 +101,15 @@ void ShowReading(SharedState &state, const Route &route, Label &fileLabel, Label
 struct Facts {
   bool installed;
   bool targetExists;
+  std::ptrdiff_t librariesInstalled;
 
   bool operator==(const Facts &) const = default;
 };
 
 Facts Look(SharedState &state, const ContentKind &kind, const Content &content, const Route &route) {
-  return {kind.keyExists(state, content.guid), !route.destDir.empty() && FileExists(state, route.target)};
+  return {
+      kind.keyExists(state, content.guid), !route.destDir.empty() && FileExists(state, route.target),
+      std::ranges::count_if(content.libraries, [&](const std::string &key) { return LibraryKeyExists(state, key); })};
 }
 
 enum class Decision { Install, Decline, Refuse };
@@ -126,8 +134,8 @@ std::unique_ptr<RegistryReservation> ReserveFor(SharedState &state, const Conten
   if (reservation && Look(state, kind, content, route) != facts) {
     reservation.reset();
     ShowError(state, AsOneLine(route.target) + Newlines(2) +
-                         "Another program has installed or uninstalled this meanwhile. It has "
-                         "been left as it is.");
+                         "Another program has installed or uninstalled this, or a library that it requires, "
+                         "meanwhile. It has been left as it is.");
   }
   return reservation;
 }
@@ -151,9 +159,8 @@ bool CopyAndRegister(SharedState &state, const ContentKind &kind, const Content 
   return false;
 }
 
-bool InstallAs(SharedState &state, const ContentKind &kind, const Content &content, const Route &route, Row *&row,
-               Label &fileLabel, Label &routeLabel) {
-  const Facts facts = Look(state, kind, content, route);
+bool InstallAs(SharedState &state, const ContentKind &kind, const Content &content, const Route &route,
+               const Facts &facts, Row *&row, Label &fileLabel, Label &routeLabel) {
   switch (Decide(state, kind, facts, route)) {
   case Decision::Refuse:
     return false;
@@ -199,9 +206,11 @@ bool InstallCourse(SharedState &state, std::string_view source, std::string_view
     ShowError(state, course.LastError());
     return false;
   }
+  const Content content{course.GUID(), course.Name(), course.LibraryGUIDS()};
+  const Facts facts = Look(state, CourseKind, content, route);
   if (!AcceptMissingLibraries(state, course))
     return false;
-  return InstallAs(state, CourseKind, {course.GUID(), course.Name()}, route, row, fileLabel, routeLabel);
+  return InstallAs(state, CourseKind, content, route, facts, row, fileLabel, routeLabel);
 }
 
 bool InstallLibrary(SharedState &state, std::string_view source, std::string_view destDir, Row *&row, Label &fileLabel,
@@ -214,7 +223,9 @@ bool InstallLibrary(SharedState &state, std::string_view source, std::string_vie
     ShowError(state, library.LastError());
     return false;
   }
-  return InstallAs(state, LibraryKind, {library.GUID(), library.Name()}, route, row, fileLabel, routeLabel);
+  const Content content{library.GUID(), library.Name(), {}};
+  const Facts facts = Look(state, LibraryKind, content, route);
+  return InstallAs(state, LibraryKind, content, route, facts, row, fileLabel, routeLabel);
 }
 
 } // namespace turfdesk

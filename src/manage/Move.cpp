@@ -150,7 +150,7 @@ bool MoveOrphans(SharedState &state, const Row &course, Journey &journey) {
   bool moved = true;
   const bool finished = OfferOrphans(
       state, course.Tag(), course.SubItems(column::Libraries), LoadResString(StringId::WishToMove),
-      [&] { return !StoppedByChange(state, LibrariesStay); },
+      [&] { return !StoppedByChangeOfUse(state, LibrariesStay); },
       [&](const std::string &libraryKey) { moved = MoveOrphan(state, libraryKey, journey) && moved; });
   return finished && moved;
 }

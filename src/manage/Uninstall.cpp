@@ -53,7 +53,7 @@ private:
 std::unique_ptr<RegistryReservation> ReserveDeletion(SharedState &state, const std::string &entryKey,
                                                      std::string_view untouched) {
   auto reservation = ReserveEntry(state, KeyChange::Delete, entryKey);
-  if (reservation && StoppedByChange(state, untouched))
+  if (reservation && StoppedByChangeOfUse(state, untouched))
     reservation.reset();
   return reservation;
 }
@@ -166,7 +166,7 @@ bool UninstallCourse(SharedState &state, std::string_view courseKey, std::string
   const auto mayGoOn = [&] {
     // Not held across a question. A course that another process installs meanwhile may need the library.
     reservation.reset();
-    return !StoppedByChange(state, stillThere);
+    return !StoppedByChangeOfUse(state, stillThere);
   };
   const auto uninstall = [&](const std::string &libraryKey) {
     const std::string name = GetLibraryName(state, libraryKey);

@@ -53,7 +53,8 @@ private:
 
 /// What a file is written under until it has its own name.
 inline constexpr TemporaryNames StagedFileNames{".turfdesk-", ".tmp"};
-/// What a file is set aside under that is about to be replaced: such a name, a dash and the file's own name.
+/// What a file is set aside under that is about to be replaced: such a name, and a dash and the file's own name where
+/// that is not too long.
 inline constexpr TemporaryNames SetAsideNames{".turfdesk-kept-", ""};
 
 /// The name that a file had before it was set aside; nothing for any other name.

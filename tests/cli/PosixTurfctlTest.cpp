@@ -35,11 +35,11 @@ TEST_F(PosixTurfctlTest, WhatAnotherProcessInstallsUnderAQuestionKeepsTheLibrary
   samples::WriteLibrary(Host("Golf/Grass.hlb"), grass);
   samples::WriteCourse(Host("Golf/Need.hlc"), {.name = "Need", .libraries = {grass}});
   ASSERT_EQ(Run("--yes install 'C:\\Golf\\Elm.hlc' 'C:\\Golf\\Grass.hlb'").status, 0);
-  // The second begins when the first has asked, and the first is answered when the second has ended.
-  const std::string script = "coproc " + command +
-                             "--ask uninstall 'Old Elm' 2>&1\nread -ru ${COPROC[0]} -d ? asked\n" + command +
-                             "--yes install 'C:\\Golf\\Need.hlc' > /dev/null\necho y >&${COPROC[1]}\n" +
-                             "cat <&${COPROC[0]}\n" + command + "list";
+  // The second begins when the first has asked, and the first is answered when the second has ended. When the first has
+  // ended the shell forgets COPROC.
+  const std::string script =
+      "coproc " + command + "--ask uninstall 'Old Elm' 2>&1\nexec 3<&${COPROC[0]}\nread -ru 3 -d ? asked\n" + command +
+      "--yes install 'C:\\Golf\\Need.hlc' > /dev/null\necho y >&${COPROC[1]}\n" + "cat <&3\n" + command + "list";
   const test::ProgramRun run = test::RunProgram("/bin/bash", {"-c", script}, "");
   EXPECT_NE(run.output.find("The catalogue was changed by another program."), std::string::npos) << run.output;
   EXPECT_EQ(run.output.find("Do you wish to delete it?"), std::string::npos) << run.output;

@@ -8,6 +8,7 @@
 #include "install/InstallMedia.h"
 #include "install/RunInstall.h"
 #include "support/basVorinFile.h"
+#include "support/basVorinRegistry.h"
 
 #include "common/TestWorld.h"
 #include "samples/GameFiles.h"
@@ -185,6 +186,17 @@ TEST_F(InstallContentTest, ARunStopsAtTheFirstFailure) {
   EXPECT_EQ(world.window.progress.done, world.window.progress.total);
   EXPECT_EQ(world.screen.pointers, (std::vector{MousePointer::Hourglass, MousePointer::Default, MousePointer::Hourglass,
                                                 MousePointer::Default}));
+}
+
+TEST_F(InstallContentTest, ALibraryThatGoesUnderAQuestionKeepsTheCourseFromBeingInstalled) {
+  ASSERT_TRUE(Install(Put(grass), Destination));
+  const samples::CourseSpec oak{.name = "Oak", .libraries = {grass, {.name = "Trees"}}};
+  world.boxes.decide = [this](const MessageBox &) {
+    test::TestProgram other(world.Home());
+    return DeleteRegistryKey(other.state, LocalMachine, LibraryEntryKey(samples::KeyOf(grass)));
+  };
+  EXPECT_FALSE(Install(Put(oak), Destination));
+  EXPECT_FALSE(CourseKeyExists(state, samples::KeyOf(oak)));
 }
 
 TEST_F(InstallContentTest, TheSameFolderInAnotherCaseIsInPlace) {

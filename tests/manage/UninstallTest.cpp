@@ -196,6 +196,22 @@ TEST_F(UninstallTest, WhatAnotherProgramChangesUnderAQuestionStopsTheWork) {
   }
 }
 
+TEST_F(UninstallTest, ACourseReplacedUnderAQuestionKeepsTheLibraryThatItNowNeeds) {
+  world.boxes.decide = [&](const MessageBox &box) {
+    // The entry stays what it was.
+    samples::CourseSpec oak = world.oak;
+    oak.libraries = {world.grass};
+    if (box.text == Orphan("Grass"))
+      samples::WriteCourse(world.Host(R"(C:\Golf\Oak.hlc)"), oak);
+    return true;
+  };
+  EXPECT_FALSE(Run(world, ActiveCourses, world.elmKey, {}));
+  EXPECT_TRUE(std::filesystem::exists(world.Host(R"(C:\Golf\Grass.hlb)")));
+  EXPECT_TRUE(Run(world, ActiveCourses, world.elmKey, {}));
+  EXPECT_TRUE(std::filesystem::exists(world.Host(R"(C:\Golf\Grass.hlb)")));
+  EXPECT_FALSE(std::filesystem::exists(world.Host(R"(C:\Golf\Water.hlb)")));
+}
+
 TEST_F(UninstallTest, AKeyThatIsGoneIsToldAndKeepsTheFiles) {
   world.registry.undeletable = true;
   EXPECT_FALSE(Library(world.treesKey, {true, true}));

@@ -186,9 +186,12 @@ void PosixStagedFile::SetAside() {
   if (fstatat(folder, name, &status, AT_SYMLINK_NOFOLLOW) != 0)
     return;
   std::string aside;
-  do
-    aside = (FreshName(SetAsideNames) + "-" + mDestination.name).substr(0, longestName);
-  while (fstatat(folder, aside.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0);
+  do {
+    aside = FreshName(SetAsideNames);
+    // A name of which a part was cut off would not tell where the file belongs.
+    if (const std::string ownName = "-" + mDestination.name; aside.size() + ownName.size() <= longestName)
+      aside += ownName;
+  } while (fstatat(folder, aside.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0);
   if (linkat(folder, name, folder, aside.c_str(), 0) != 0)
     Check(renameat(folder, name, folder, aside.c_str()));
   mSetAsideName = std::move(aside);

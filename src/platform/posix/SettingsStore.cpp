@@ -18,18 +18,6 @@ constexpr std::int64_t noCounter = -1;
 /// The lock that the next transaction takes stays behind its end.
 constexpr const char *lockForGood = "PRAGMA locking_mode=EXCLUSIVE";
 
-std::string_view WithoutTrailingBackslash(std::string_view keyPath) {
-  return keyPath.ends_with('\\') ? keyPath.substr(0, keyPath.size() - 1) : keyPath;
-}
-
-/// Cuts the first part off a path.
-std::string_view TakePart(std::string_view &keyPath) {
-  const std::size_t length = std::min(keyPath.find('\\'), keyPath.size());
-  const std::string_view part = keyPath.substr(0, length);
-  keyPath.remove_prefix(std::min(length + 1, keyPath.size()));
-  return part;
-}
-
 bool CanNameKey(std::string_view keyPath) {
   constexpr std::ptrdiff_t greatestDepth = 512;
   return !keyPath.starts_with('\\') && !keyPath.ends_with('\\') && keyPath.find("\\\\") == std::string_view::npos &&
@@ -115,8 +103,8 @@ void SettingsStore::HoldStill(bool still) {
 }
 
 bool SettingsStore::WatchedKeyDiffers(SettingsTree &other) {
-  const SettingsKey *here = Walk(mWatched->root, mWatched->keyPath);
-  const SettingsKey *there = Walk(other, mWatched->root, mWatched->keyPath);
+  const SettingsKey *here = mTree.Find(mWatched->root, mWatched->keyPath);
+  const SettingsKey *there = other.Find(mWatched->root, mWatched->keyPath);
   return here && there ? !HaveSameContent(*here, *there) : here != there;
 }
 
@@ -168,7 +156,7 @@ const SettingsKey *SettingsStore::FindAnew(RegistryRoot root, std::string_view k
   if (IsBesideLast(root, keyPath))
     key = mTree.FindSibling(*mLastKey, keyPath.substr(keyPath.rfind('\\') + 1));
   else
-    key = Walk(root, keyPath);
+    key = mTree.Find(root, keyPath);
   if (!key)
     return nullptr;
   mLastKey = key;
@@ -181,13 +169,6 @@ bool SettingsStore::IsBesideLast(RegistryRoot root, std::string_view keyPath) co
   const std::size_t cut = keyPath.rfind('\\');
   return mLastKey && root == mLastRoot && cut != std::string_view::npos && mLastPath.rfind('\\') == cut &&
          std::string_view(mLastPath).substr(0, cut) == keyPath.substr(0, cut);
-}
-
-SettingsKey *SettingsStore::Walk(SettingsTree &tree, RegistryRoot root, std::string_view keyPath) {
-  SettingsKey *key = &tree.Root(root);
-  while (key && !keyPath.empty())
-    key = tree.FindSubkey(*key, TakePart(keyPath));
-  return key;
 }
 
 void SettingsStore::CreateKey(RegistryRoot root, std::string_view keyPath) {
@@ -225,7 +206,7 @@ SettingsStore::Deletion SettingsStore::TryDeleteKey(RegistryRoot root, std::stri
 }
 
 SettingsKey *SettingsStore::FindDeletable(RegistryRoot root, std::string_view keyPath, Deletion &result) {
-  SettingsKey *key = Walk(root, WithoutTrailingBackslash(keyPath));
+  SettingsKey *key = mTree.Find(root, keyPath);
   if (!key)
     result = Deletion::NoSuchKey;
   else if (!key->parent || !key->subkeys.empty())
@@ -241,7 +222,7 @@ bool SettingsStore::SetValue(RegistryRoot root, std::string_view keyPath, std::s
     return true;
   bool keyExists = false;
   Transact([&] {
-    SettingsKey *key = Walk(root, WithoutTrailingBackslash(keyPath));
+    SettingsKey *key = mTree.Find(root, keyPath);
     keyExists = key != nullptr;
     if (keyExists)
       StoreValue(*key, valueName, value);
@@ -265,11 +246,11 @@ void SettingsStore::Apply(const RegistryChange &change) {
     StoreValue(MakeKey(change.root, change.keyPath), change.valueName, ValueOf(change.data));
     break;
   case RegistryChange::Kind::DeleteValue:
-    if (SettingsKey *key = Walk(change.root, WithoutTrailingBackslash(change.keyPath)))
+    if (SettingsKey *key = mTree.Find(change.root, change.keyPath))
       EraseValue(*key, change.valueName);
     break;
   case RegistryChange::Kind::DeleteKey:
-    if (SettingsKey *key = Walk(change.root, WithoutTrailingBackslash(change.keyPath)))
+    if (SettingsKey *key = mTree.Find(change.root, change.keyPath))
       EraseBranch(*key);
     break;
   }
@@ -291,7 +272,7 @@ std::vector<RegistryKeyContent> SettingsStore::ReadBranches(std::span<const Regi
 void SettingsStore::ReadBranch(const RegistryBranch &branch, std::vector<RegistryKeyContent> &contents) {
   const std::string topPath(WithoutTrailingBackslash(branch.keyPath));
   std::vector<std::pair<const SettingsKey *, std::string>> pending;
-  if (const SettingsKey *top = Walk(branch.root, topPath))
+  if (const SettingsKey *top = mTree.Find(branch.root, topPath))
     pending.emplace_back(top, topPath);
   while (!pending.empty()) {
     const auto [key, path] = std::move(pending.back());

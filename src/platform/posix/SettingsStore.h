@@ -96,8 +96,6 @@ private:
   bool WatchedKeyDiffers(SettingsTree &other);
   const SettingsKey *FindAnew(RegistryRoot root, std::string_view keyPath);
   bool IsBesideLast(RegistryRoot root, std::string_view keyPath) const;
-  SettingsKey *Walk(RegistryRoot root, std::string_view keyPath) { return Walk(mTree, root, keyPath); }
-  static SettingsKey *Walk(SettingsTree &tree, RegistryRoot root, std::string_view keyPath);
   SettingsKey &MakeKey(RegistryRoot root, std::string_view keyPath);
   /// The key, when it may go; else null, and result says why.
   SettingsKey *FindDeletable(RegistryRoot root, std::string_view keyPath, Deletion &result);

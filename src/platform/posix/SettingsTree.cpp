@@ -23,6 +23,17 @@ std::vector<SettingsKey *>::iterator PlaceOfSubkey(SettingsKey &parent, std::str
 
 } // namespace
 
+std::string_view WithoutTrailingBackslash(std::string_view keyPath) {
+  return keyPath.ends_with('\\') ? keyPath.substr(0, keyPath.size() - 1) : keyPath;
+}
+
+std::string_view TakePart(std::string_view &keyPath) {
+  const std::size_t length = std::min(keyPath.find('\\'), keyPath.size());
+  const std::string_view part = keyPath.substr(0, length);
+  keyPath.remove_prefix(std::min(length + 1, keyPath.size()));
+  return part;
+}
+
 std::optional<SettingsValue> SettingsKey::FindValue(std::string_view valueName) const {
   const FoldedText folded(valueName);
   return values.Find(folded.View());
@@ -52,6 +63,14 @@ SettingsTree::SettingsTree() {
 
 SettingsKey &SettingsTree::Root(RegistryRoot root) {
   return mKeys.at(root == RegistryRoot::LocalMachine ? LocalMachineId : ClassesRootId);
+}
+
+SettingsKey *SettingsTree::Find(RegistryRoot root, std::string_view keyPath) {
+  keyPath = WithoutTrailingBackslash(keyPath);
+  SettingsKey *key = &Root(root);
+  while (key && !keyPath.empty())
+    key = FindSubkey(*key, TakePart(keyPath));
+  return key;
 }
 
 SettingsKey *SettingsTree::FindSubkey(const SettingsKey &parent, std::string_view name) const {

@@ -37,6 +37,11 @@ bool HaveSameContent(const SettingsKey &left, const SettingsKey &right);
 inline constexpr std::int64_t LocalMachineId = 1;
 inline constexpr std::int64_t ClassesRootId = 2;
 
+/// A key path may end with a backslash, which means nothing.
+std::string_view WithoutTrailingBackslash(std::string_view keyPath);
+/// Cuts the first part off a path and gives it.
+std::string_view TakePart(std::string_view &keyPath);
+
 /// The settings tree in memory. It knows nothing of the file: SettingsStore keeps the two alike.
 class SettingsTree {
 public:
@@ -45,6 +50,8 @@ public:
   SettingsTree &operator=(SettingsTree &&) = default;
 
   SettingsKey &Root(RegistryRoot root);
+  /// nullptr when there is no such key.
+  SettingsKey *Find(RegistryRoot root, std::string_view keyPath);
   /// nullptr when there is none. Names are compared without regard to case.
   SettingsKey *FindSubkey(const SettingsKey &parent, std::string_view name) const;
   /// FindSubkey under the parent of a key that is no root. Quickest for the sibling that follows it, which is what

@@ -173,6 +173,7 @@ void WindowsStagedFile::Finish(bool flush, bool setAside) {
       TakeBack();
     ThrowSystemError(error);
   }
+  LookAtOpen(mFile, mOwnFacts);
   // The file is no longer there under the temporary name, and the new name goes to disk with the next flush.
   const SystemHandle file = std::move(mFile);
   if (!flush || FlushFileBuffers(file.Get()) != 0)
@@ -188,8 +189,11 @@ void WindowsStagedFile::Finish(bool flush, bool setAside) {
 
 /// By a second name where the disk knows such, so that there is no moment without a file of the first.
 void WindowsStagedFile::SetAside() {
-  const std::wstring random = FreshName(SetAsideNames) + L"-";
-  const std::wstring aside = mFolder + L"\\" + (random + mName).substr(0, LongestName);
+  std::wstring name = FreshName(SetAsideNames);
+  // A name of which a part was cut off would not tell where the file belongs.
+  if (name.size() + 1 + mName.size() <= LongestName)
+    name += L"-" + mName;
+  const std::wstring aside = mFolder + L"\\" + name;
   if (CreateHardLinkW(aside.c_str(), Path().c_str(), nullptr) == 0)
     Check(MoveFileExW(Path().c_str(), aside.c_str(), 0));
   mSetAsidePath = aside;
@@ -202,18 +206,25 @@ void WindowsStagedFile::Keep() noexcept {
 }
 
 void WindowsStagedFile::TakeBack() {
-  if (!HasReplaced()) {
-    Check(DeleteFileW(Path().c_str()));
-    return;
-  }
   FileFacts aside;
   FileFacts present;
+  const bool isThere = LookAt(ToUtf8(PlainPath(Path())), present) == 0;
+  const bool isOwn = isThere && present.IsSameFile(mOwnFacts);
+  if (!HasReplaced()) {
+    if (isOwn)
+      Check(DeleteFileW(Path().c_str()));
+    return;
+  }
   // Of two names of one file one is enough.
-  if (LookAt(ToUtf8(PlainPath(mSetAsidePath)), aside) == 0 && LookAt(ToUtf8(PlainPath(Path())), present) == 0 &&
-      aside.IsSameFile(present))
+  const bool stillHasName =
+      isThere && LookAt(ToUtf8(PlainPath(mSetAsidePath)), aside) == 0 && aside.IsSameFile(present);
+  if (stillHasName) {
     Check(DeleteFileW(mSetAsidePath.c_str()));
-  else
-    Check(MoveFileExW(mSetAsidePath.c_str(), Path().c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH));
+  } else {
+    // What another program has put there meanwhile is not ours to replace.
+    const DWORD replacing = isOwn ? MOVEFILE_REPLACE_EXISTING : 0;
+    Check(MoveFileExW(mSetAsidePath.c_str(), Path().c_str(), replacing | MOVEFILE_WRITE_THROUGH));
+  }
   mSetAsidePath.clear();
 }
 

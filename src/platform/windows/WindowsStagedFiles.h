@@ -5,6 +5,7 @@
 
 #include "platform/StagedFile.h"
 #include "platform/SweepTimes.h"
+#include "platform/windows/FileFacts.h"
 #include "platform/windows/NewFolders.h"
 #include "platform/windows/SystemHandle.h"
 
@@ -60,6 +61,8 @@ private:
   bool mIsMarked = false;
   std::wstring mTemporaryPath;
   std::wstring mSetAsidePath;
+  /// Of the file since it has its own name.
+  FileFacts mOwnFacts;
   std::uint64_t mPosition = 0;
   std::optional<std::uint64_t> mModified;
 };

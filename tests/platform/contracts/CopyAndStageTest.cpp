@@ -4,6 +4,7 @@
 #include "../PlatformTest.h"
 
 #include "common/InjectedFault.h"
+#include "platform/TemporaryNames.h"
 #include "samples/Basics.h"
 
 #include <algorithm>
@@ -94,6 +95,32 @@ TEST_F(CopyAndStageTest, WhatACopyReplacesComesBackUntilItIsKept) {
   EXPECT_FALSE(copy->HasReplaced());
   copy->TakeBack();
   EXPECT_EQ(Entries(R"(C:\to)"), Texts{});
+}
+
+TEST_F(CopyAndStageTest, WhatAnotherProgramPutsInThePlaceOfACopyStays) {
+  Put(R"(C:\from\x)", "new");
+  for (const bool replaces : {false, true}) {
+    const std::string to = replaces ? Put(R"(C:\to\y)", "old") : R"(C:\to\x)";
+    const std::string theirs = Put(R"(C:\to\theirs)", "theirs");
+    const auto copy = mPlatform->Copier().Stage(R"(C:\from\x)", to, {});
+    copy->Place();
+    std::filesystem::rename(Host(theirs), Host(to));
+    EXPECT_EQ(NumberThrownBy([&] { copy->TakeBack(); }) != 0, replaces);
+    EXPECT_EQ(Content(to), "theirs");
+    EXPECT_TRUE(!replaces || Content(copy->SetAsidePath()) == "old");
+  }
+}
+
+TEST_F(CopyAndStageTest, WhatIsSetAsideComesBackUnderItsOwnNameOnly) {
+  Put(R"(C:\from\x)", "new");
+  const std::string name = std::string(246, 'n') + ".hlc";
+  const std::string path = Put(R"(C:\to\)" + name, "old");
+  const auto copy = mPlatform->Copier().Stage(R"(C:\from\x)", path, {});
+  copy->Place();
+  const std::string aside = copy->SetAsidePath();
+  EXPECT_EQ(NameBeforeSetAside(aside.substr(aside.rfind('\\') + 1)).value_or(name), name);
+  copy->TakeBack();
+  EXPECT_EQ(Entries(R"(C:\to)"), Texts{name});
 }
 
 TEST_F(CopyAndStageTest, FoldersAreMadeAndStayOnlyWithTheirFile) {
