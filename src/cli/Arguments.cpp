@@ -58,7 +58,7 @@ Row *FindByKeyOrName(CommandContext &context, const ListView &list, const std::s
   std::string text = rows.empty() ? "No " + what + " has this key or name." : "Several have this name. Give the key.";
   text += Newlines(2) + AsOneLine(name);
   for (const Row *row : rows)
-    text += Newlines(1) + row->Key();
+    text += Newlines(1) + AsOneLine(row->Key());
   ShowError(context.state, text);
   return nullptr;
 }

@@ -65,7 +65,7 @@ BoxAnswer ConsoleBoxes::Show(const MessageBox &box) {
 }
 
 std::string ConsoleBoxes::PrintedText(const MessageBox &box) {
-  const std::string file = mWindow.FileLabel().Caption();
+  const std::string file = AsOneLine(mWindow.FileLabel().Caption());
   const bool isNamed = file.empty() || box.text.find(file) != std::string::npos;
   return ConsoleText(box.icon == BoxIcon::Stop && !isNamed ? file + ": " + box.text : box.text);
 }

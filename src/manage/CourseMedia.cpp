@@ -6,6 +6,7 @@
 #include "catalogue/Catalogue.h"
 #include "catalogue/CatalogueRows.h"
 #include "catalogue/LoadLists.h"
+#include "platform/ShownText.h"
 #include "support/ErrorHandling.h"
 #include "support/Prompts.h"
 #include "support/basVorinRegistry.h"
@@ -28,7 +29,7 @@ bool IsAsShown(SharedState &state, const Row &course) {
              return GetRegistryValue(state, LocalMachine, entryKey, kind.valueName, "") == course.SubItems(kind.column);
            }))
     return true;
-  ShowError(state, course.Text() + Newlines(2) + words);
+  ShowError(state, AsOneLine(course.Text()) + Newlines(2) + words);
   return false;
 }
 

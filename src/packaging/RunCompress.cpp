@@ -118,7 +118,7 @@ bool CourseMayBeCompressed(SharedState &state, Row &course) {
   const auto reason = state.coursesOutOfReach.find(course.Tag());
   if (reason == state.coursesOutOfReach.end())
     return true;
-  ShowError(state, course.SubItems(column::Filename) + Newlines(2) + reason->second);
+  ShowError(state, AsOneLine(course.SubItems(column::Filename)) + Newlines(2) + reason->second);
   return false;
 }
 

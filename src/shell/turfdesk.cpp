@@ -3,6 +3,7 @@
 
 #include "platform/Ending.h"
 #include "platform/RuntimeError.h"
+#include "platform/ShownText.h"
 #include "platform/Terminal.h"
 #include "shell/Main.h"
 #include "shell/ProgramIcon.h"
@@ -37,7 +38,7 @@ class StartBoxes final : public MessageBoxes {
 public:
   BoxAnswer Show(const MessageBox &box) override {
     if (!mWindowShown)
-      std::cerr << box.title << ": " << box.text << '\n';
+      std::cerr << box.title << ": " << WithEscapes(box.text) << '\n';
     return mBoxes.Show(box);
   }
 

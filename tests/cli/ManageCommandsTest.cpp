@@ -162,6 +162,14 @@ TEST_F(TurfctlTest, NamesNeitherCommandTheTerminalNorForgeLines) {
   const Json answer = Run("--json --no uninstall " + key).Answer();
   EXPECT_TRUE(answer["messages"][0]["text"].get<std::string>().ends_with("\r\n\r\nElm\x1B[2J\r\nyes\u009D"));
   EXPECT_EQ(Run("--json list").Answer()["courses"][0]["name"], "Elm\x1B[2J\r\nyes\u009D");
+
+  const std::string entry = "'Software\\KESTRAVON\\Marrowfell 2002\\Courses\\a\nyes' ";
+  ASSERT_EQ(Run("tree set " + entry + "Name Elm").status, 0);
+  ASSERT_EQ(Run("tree set " + entry + "Filename 'C:\\b\nyes.hlc'").status, 0);
+  EXPECT_EQ(Run("move Elm --to 'C:\\'").errors, "b\\x0Ayes.hlc: Bad file name or number\n");
+  EXPECT_EQ(Run("tree set '\\a\nyes' b c").errors, "This is no name for a settings key: \\a\\x0Ayes\n");
+  ASSERT_EQ(Run("tree set 'Software\\KESTRAVON\\Marrowfell 2002\\Courses\\b' Name Elm").status, 0);
+  EXPECT_NE(Run("show Elm").errors.find("\na\\x0Ayes\nb\n"), std::string::npos);
 }
 
 } // namespace turfdesk

@@ -3,6 +3,7 @@
 
 #include "platform/posix/SettingsStore.h"
 
+#include "platform/ShownText.h"
 #include "platform/posix/FoldedText.h"
 #include "platform/posix/SettingsSchema.h"
 
@@ -302,7 +303,7 @@ std::vector<RegistryValue> SettingsStore::ReadValues(const SettingsKey &key) {
 SettingsKey &SettingsStore::MakeKey(RegistryRoot root, std::string_view keyPath) {
   keyPath = WithoutTrailingBackslash(keyPath);
   if (!CanNameKey(keyPath))
-    throw RuntimeError(ErrorNumber::BadFileName, "This is no name for a settings key: " + std::string(keyPath));
+    throw RuntimeError(ErrorNumber::BadFileName, "This is no name for a settings key: " + AsOneLine(keyPath));
   SettingsKey *key = &mTree.Root(root);
   while (!keyPath.empty()) {
     const std::string_view name = TakePart(keyPath);

@@ -5,6 +5,7 @@
 
 #include "platform/RegistryRoots.h"
 #include "platform/RuntimeError.h"
+#include "platform/ShownText.h"
 #include "platform/windows/SystemError.h"
 #include "platform/windows/WideText.h"
 
@@ -46,7 +47,7 @@ std::wstring SubkeyPath(std::wstring path, const std::wstring &name) {
 }
 
 std::string RegistryWords(std::uint32_t error, RegistryRoot root, std::string_view keyPath) {
-  return SystemWords(error) + "\r\n\r\n" + std::string(NameOfRoot(root)) + '\\' + std::string(keyPath);
+  return SystemWords(error) + "\r\n\r\n" + std::string(NameOfRoot(root)) + '\\' + AsOneLine(keyPath);
 }
 
 void ThrowRegistryError(std::uint32_t error, RegistryRoot root, std::string_view keyPath) {

@@ -4,6 +4,7 @@
 #include "platform/windows/WindowsRegistryService.h"
 
 #include "platform/RegistryRoots.h"
+#include "platform/ShownText.h"
 #include "platform/windows/RegistryPath.h"
 #include "platform/windows/SystemError.h"
 #include "platform/windows/WideText.h"
@@ -19,10 +20,10 @@ constexpr std::string_view noTree = "There is no settings tree of this name";
 /// A path may end in a backslash.
 std::string NoTextWords(RegistryRoot root, std::string_view keyPath, std::string_view valueName) {
   std::string words = "The settings value is no text\r\n\r\n" + std::string(NameOfRoot(root)) + '\\';
-  words += keyPath;
+  words += AsOneLine(keyPath);
   if (!words.ends_with('\\'))
     words += '\\';
-  words += valueName;
+  words += AsOneLine(valueName);
   return words;
 }
 
@@ -289,7 +290,7 @@ bool WindowsRegistryService::Fail(std::uint32_t error, std::string_view keyPath)
     return Fail(NumberOfSystemError(error), RegistryWords(error, root, keyPath));
   // The system speaks of a file, and its number is that of an absent one.
   std::string words = "There is no such settings key\r\n\r\n" + std::string(NameOfRoot(root)) + '\\';
-  return Fail(ErrorNumber::PathNotFound, words.append(keyPath));
+  return Fail(ErrorNumber::PathNotFound, words.append(AsOneLine(keyPath)));
 }
 
 void WindowsRegistryService::Begin() {
