@@ -55,11 +55,14 @@ void FolderNames::Listing::Add(std::string_view name) {
 }
 
 void FolderNames::Listing::Remove(std::string_view name) {
-  // Which other name is to be found now?
-  if (hasTwins)
+  const auto known = namesByFolded.find(FoldCase(name));
+  if (known == namesByFolded.end())
+    return;
+  // Which other name is to be found now? And one that went before the folder was listed may be told of only after.
+  if (hasTwins || known->second != name)
     watch = -1;
   else
-    namesByFolded.erase(FoldCase(name));
+    namesByFolded.erase(known);
 }
 
 const FolderNames::Listing &FolderNames::ListingOf(const std::string &hostFolder, const struct stat &status) {

@@ -67,6 +67,16 @@ TEST(HomeFolder, IsTheFirstThatIsSet) {
   }
 }
 
+TEST_F(PathMapTest, FolderThatIsKnownByTwoPathsShowsAChangeOfCaseByBoth) {
+  Put(R"(C:\Games\Links.hlc)");
+  create_directory_symlink("Games", Host(R"(C:\Same)"));
+  EXPECT_TRUE(mService->FileExists(R"(C:\Games\LINKS.hlc)"));
+  Put(R"(C:\Games\links.hlc)");
+  std::filesystem::remove(Host(R"(C:\Games)") / "Links.hlc");
+  for (const char *path : {R"(C:\Same\LINKS.hlc)", R"(C:\Same\LINKS.hlc)", R"(C:\Games\LINKS.hlc)"})
+    EXPECT_TRUE(mService->FileExists(path)) << path;
+}
+
 TEST_F(PathMapTest, WindowsPathsLeadToHostPaths) {
   for (const char *name : {"Links.hlc", "links.hlc", "Caf\u00E9.hlc"})
     Put(std::string(R"(C:\Games\)") + name);
