@@ -94,8 +94,12 @@ protected:
     auto *name = findChild<QLineEdit *>("fileNameEdit");
     if (name != nullptr && IsWindowsPath(name->text())) {
       const QFileInfo folder(ToQString(mPlatform.ToHostPath(ToUtf8(name->text()))));
-      if (folder.isDir())
-        name->setText(folder.absoluteFilePath());
+      if (folder.isDir()) {
+        setDirectory(folder.absoluteFilePath());
+        // What is typed next is a name in there.
+        name->clear();
+        return;
+      }
     }
     QFileDialog::accept();
   }

@@ -20,9 +20,12 @@ QString Shown(std::string_view message) { return ToQString(WithSymbols(message))
 QString OneLine(std::string_view utf8) { return Shown(AsOneLine(utf8)); }
 
 QStringList BreakIntoLines(const QString &text, const QFont &font, int width) {
-  // Of no width; lines may break there.
-  constexpr QChar breakHere(0x200B);
-  const QString breakable = QString(text).replace(u'\\', QString(u'\\') + breakHere);
+  // Both of no width. Lines break behind a folder, but not around the backslash of a drive.
+  const QString breakHere(QChar(0x200B));
+  const QString noBreak(QChar(0x2060));
+  QString breakable = text;
+  breakable.replace("\\", noBreak + "\\" + breakHere);
+  breakable.replace(":" + noBreak + "\\" + breakHere, ":" + noBreak + "\\" + noBreak);
   QTextLayout layout(breakable, font);
   QTextOption option;
   option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
@@ -31,7 +34,7 @@ QStringList BreakIntoLines(const QString &text, const QFont &font, int width) {
   layout.beginLayout();
   for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
     line.setLineWidth(width);
-    lines.append(breakable.mid(line.textStart(), line.textLength()).remove(breakHere));
+    lines.append(breakable.mid(line.textStart(), line.textLength()).remove(breakHere).remove(noBreak));
   }
   layout.endLayout();
   return lines;

@@ -98,6 +98,7 @@ TEST_F(FileDialogTest, AWindowsPathCanBeTyped) {
   const std::string chosen = Choose(music, [](QFileDialog &dialog) {
     Enter(dialog, R"(c:\golf)");
     EXPECT_TRUE(dialog.isVisible()) << "the folder is opened";
+    EXPECT_EQ(NameBox(dialog).text(), "") << "where the next name is typed";
     Enter(dialog, "new.mp3");
   });
   EXPECT_EQ(chosen, R"(C:\Golf\new.mp3)");
