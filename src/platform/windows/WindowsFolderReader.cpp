@@ -123,15 +123,15 @@ std::string WindowsFolderReader::CanonicalFolder(std::string_view folder) {
 
 bool WindowsFolderReader::MakeFolder(std::string_view path) {
   std::wstring systemPath;
-  std::uint32_t error = ToSystemPath(path, systemPath);
-  if (error == 0 && CreateDirectoryW(systemPath.c_str(), nullptr) == 0)
-    error = WhatIsMissing(GetLastError(), systemPath);
-  // The root of a drive is there, though the system may refuse to make it for another reason.
-  if (error == ERROR_ALREADY_EXISTS || (error != 0 && IsRoot(systemPath) && CheckReadable(systemPath) == 0))
-    return false;
-  if (error != 0)
+  if (const std::uint32_t error = ToSystemPath(path, systemPath); error != 0)
     ThrowFolderError(error);
-  return true;
+  if (CreateDirectoryW(systemPath.c_str(), nullptr) != 0)
+    return true;
+  const std::uint32_t error = WhatIsMissing(GetLastError(), systemPath);
+  // The root of a drive is there, though the system may refuse to make it for another reason.
+  if (error != ERROR_ALREADY_EXISTS && !(IsRoot(systemPath) && CheckReadable(systemPath) == 0))
+    ThrowFolderError(error);
+  return false;
 }
 
 } // namespace turfdesk
