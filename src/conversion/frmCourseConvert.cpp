@@ -84,7 +84,7 @@ void frmCourseConvert::NoticeOtherProcesses() {
 bool frmCourseConvert::event(QEvent *event) {
   // Later, since no window opens well while another is being activated.
   if (event->type() == QEvent::WindowActivate)
-    QMetaObject::invokeMethod(this, &frmCourseConvert::NoticeOtherProcesses, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, "NoticeOtherProcesses", Qt::QueuedConnection);
   return QDialog::event(event);
 }
 

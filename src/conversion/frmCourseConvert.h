@@ -40,7 +40,7 @@ private:
 
   void Form_Load();
   void btnConvert_Click();
-  void NoticeOtherProcesses();
+  Q_INVOKABLE void NoticeOtherProcesses();
   void Convert();
   void TellAndKeepPlace(const std::string &description);
 

@@ -179,7 +179,7 @@ void frmTurfManager::NoticeOtherProcesses() {
 bool frmTurfManager::event(QEvent *event) {
   // Later, since no window opens well while another is being activated.
   if (event->type() == QEvent::WindowActivate)
-    QMetaObject::invokeMethod(this, &frmTurfManager::NoticeOtherProcesses, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, "NoticeOtherProcesses", Qt::QueuedConnection);
   return QWidget::event(event);
 }
 

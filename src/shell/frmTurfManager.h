@@ -53,7 +53,7 @@ private:
   /// What a button, an entry of a menu and a double click do.
   void Choose(std::string_view button);
   void Run(const MainCommand &command);
-  void NoticeOtherProcesses();
+  Q_INVOKABLE void NoticeOtherProcesses();
   void ShowInstalled();
 
   SharedState &mState;

@@ -52,7 +52,7 @@ bool FitsInto(const QSize &room, const QSize &size) {
 /// As the font was asked for. To look for the one that is there takes as long as everything else before the first
 /// picture of a window.
 qreal PixelsOfFont(const QWidget &window) {
-  const QFont font = window.font();
+  const QFont &font = window.font();
   constexpr qreal pointsOfInch = 72;
   return font.pixelSize() > 0 ? font.pixelSize() : font.pointSizeF() * window.logicalDpiY() / pointsOfInch;
 }

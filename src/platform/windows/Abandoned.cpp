@@ -6,6 +6,7 @@
 #include "platform/windows/FileFacts.h"
 #include "platform/windows/FolderEntries.h"
 #include "platform/windows/SystemHandle.h"
+#include "platform/windows/SystemPath.h"
 #include "platform/windows/WideText.h"
 
 #include <windows.h>
@@ -61,14 +62,30 @@ bool IsInUse(const std::wstring &path) {
   return OpenExisting(path, DELETE, 0, handle) != 0;
 }
 
+/// From before a file is set aside until its name is taken, the new file is open under its temporary name.
+bool IsSomebodyReplacing(const std::wstring &folder) {
+  bool found = false;
+  ForEachEntry(folder, [&](const FolderEntry &entry) {
+    found = found || (StagedFileNames.Include(ToUtf8(entry.name)) && IsInUse(EntryPath(folder, entry.name)));
+  });
+  return found;
+}
+
 /// A file that was set aside comes back where its name is free: whoever had set it aside has not come to replace it.
-/// Otherwise it stays, for nobody knows whether it is missed.
+/// Otherwise it stays, for nobody knows whether it is missed, unless it still has its old name as well.
 void BringBack(const std::wstring &folder, const std::wstring &setAside, const std::wstring &oldName) {
+  if (IsSomebodyReplacing(folder))
+    return;
   const std::wstring path = EntryPath(folder, setAside);
   const std::wstring oldPath = EntryPath(folder, oldName);
-  if (GetFileAttributesW(oldPath.c_str()) != INVALID_FILE_ATTRIBUTES || GetLastError() != ERROR_FILE_NOT_FOUND)
-    return;
-  MoveFileExW(path.c_str(), oldPath.c_str(), 0);
+  FileFacts aside;
+  FileFacts present;
+  if (LookAt(ToUtf8(PlainPath(oldPath)), present) == 0) {
+    if (LookAt(ToUtf8(PlainPath(path)), aside) == 0 && aside.IsSameFile(present))
+      DeleteFileW(path.c_str());
+  } else if (GetFileAttributesW(oldPath.c_str()) == INVALID_FILE_ATTRIBUTES && GetLastError() == ERROR_FILE_NOT_FOUND) {
+    MoveFileExW(path.c_str(), oldPath.c_str(), 0);
+  }
 }
 
 } // namespace
