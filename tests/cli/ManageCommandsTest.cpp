@@ -120,7 +120,8 @@ TEST_F(TurfctlTest, LettersThatWindowsTellsApartMakeOtherFilesAndFolders) {
     const auto exists = [this](const std::string &name) { return std::filesystem::exists(Host(name)); };
     samples::WriteCourse(Host("In/" + one + ".hlc"), first);
     samples::WriteCourse(Host("To/" + other + ".hlc"), second);
-    ASSERT_EQ(Run("--yes install 'C:\\In\\" + one + ".hlc' 'C:\\To\\" + other + ".hlc'").status, 0);
+    ASSERT_EQ(Run("--yes install 'C:\\In\\" + one + ".hlc'").status, 0);
+    ASSERT_EQ(Run("--yes install 'C:\\To\\" + other + ".hlc'").status, 0);
     EXPECT_EQ(Run("--yes move First --to 'C:\\To'").status, 0);
     EXPECT_TRUE(exists("To/" + one + ".hlc") && exists("To/" + other + ".hlc")) << one;
     EXPECT_EQ(Run("--yes uninstall Second").status, 0);
@@ -129,7 +130,9 @@ TEST_F(TurfctlTest, LettersThatWindowsTellsApartMakeOtherFilesAndFolders) {
 
     samples::WriteCourse(Host(one + "/Elm.hlc"), first);
     std::filesystem::create_directories(Host(other));
-    EXPECT_EQ(Run("--yes install 'C:\\" + one + "\\Elm.hlc' --to 'C:\\" + other + "'").status, 0);
+    std::string install = "--yes install 'C:\\" + one;
+    install.append("\\Elm.hlc' --to 'C:\\").append(other).append("'");
+    EXPECT_EQ(Run(install).status, 0);
     EXPECT_TRUE(exists(other + "/Elm.hlc")) << one;
     EXPECT_EQ(Run("--yes uninstall First").status, 0);
 

@@ -92,7 +92,8 @@ TEST_F(TurfctlTest, AFolderIsOneByAllItsNames) {
   aliases.resize(std::min<std::size_t>(aliases.size(), 2));
   names.insert(names.end(), aliases.begin(), aliases.end());
   for (const std::string &name : names) {
-    const Outcome installed = Run("--json install '" + file + "' --to '" + name + "'");
+    std::string install = "--json install '" + file;
+    const Outcome installed = Run(install.append("' --to '").append(name).append("'"));
     ASSERT_EQ(installed.status, 0) << name << installed.output;
     EXPECT_EQ(installed.Answer()["steps"][0]["route"], R"("C:\Dl" to "")") << name;
     EXPECT_EQ(Run("--json show Grass").Answer()["library"]["filename"], file) << name;

@@ -91,7 +91,10 @@ TEST_F(HeaderTest, GoesAsFarAsALyingCourseLets) {
 TEST_F(HeaderTest, NothingButTheFilesEndBoundsTheNames) {
   samples::CourseSpec spec = WithLibraries(2);
   const std::vector<std::string> many(600'000, "x");
-  for (const auto &names : {many, {std::string(20'000'000, 'x')}}) {
+  constexpr std::size_t twentyMillion = 20'000'000;
+  std::string longName;
+  longName.resize(twentyMillion, 'x');
+  for (const auto &names : {many, {longName}}) {
     spec.lies.names = names;
     const CourseFile course = ReadCourse(spec);
     EXPECT_EQ(course.LibraryGUIDS().size(), 2U);

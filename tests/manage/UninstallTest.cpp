@@ -145,8 +145,8 @@ TEST_F(UninstallTest, ACourseOutOfReachIsNamedBeforeTheFirstOrphanAndWhatMayBeLe
   }
   EXPECT_TRUE(Course(world.elmKey, {true, false, false, false}));
   EXPECT_EQ(Boxes(), (Texts{Sure("Old Elm"),
-                            "These courses could not be read, and may use the libraries that you are asked about."
-                            "\r\n\r\nOak: Disk not ready",
+                            std::string("These courses could not be read, and may use the libraries that you are ") +
+                                "asked about.\r\n\r\nOak: Disk not ready",
                             Orphan("Grass"), Orphan("Trees"), Orphan("Water"),
                             "Old Elm\r\n\r\nCourse was successfully uninstalled."}));
   EXPECT_TRUE(Course(world.oakKey, {true}));
@@ -267,8 +267,8 @@ TEST_F(UninstallTest, FilesThatAreMissingOrStayDoNotKeepTheRest) {
   test::SetReadOnly(world.Host(R"(C:\Golf\Trees.hlb)"), true);
   EXPECT_TRUE(Course(world.elmKey, {true, true, true}));
   EXPECT_EQ(Boxes(), (Texts{Sure("Old Elm"), Orphan("Grass"), Orphan("Trees"),
-                            "These files could not be deleted.\r\n\r\nC:\\Media\\Elm.bmp: Path/File access error\r\n"
-                            "C:\\Golf\\Trees.hlb: Path/File access error",
+                            std::string("These files could not be deleted.\r\n\r\nC:\\Media\\Elm.bmp: ") +
+                                "Path/File access error\r\nC:\\Golf\\Trees.hlb: Path/File access error",
                             "Old Elm\r\n\r\nCourse was successfully uninstalled."}));
   EXPECT_FALSE(Shows(world.grassKey));
   EXPECT_FALSE(Shows(world.treesKey));

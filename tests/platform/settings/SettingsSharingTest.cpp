@@ -299,7 +299,7 @@ TEST_F(SettingsSharingTest, TooManyOpenFilesAreToldAsSuch) {
     const rlimit few{static_cast<rlim_t>(next) + more, before.rlim_max};
     setrlimit(RLIMIT_NOFILE, &few);
     try {
-      PosixRegistryService(mHome.Path(), shortPatience);
+      const PosixRegistryService service(mHome.Path(), shortPatience);
       ADD_FAILURE() << "nothing was thrown";
     } catch (const RuntimeError &error) {
       EXPECT_EQ(error.Description(),
