@@ -76,7 +76,7 @@ TEST_F(WindowFitterTest, TheFirstSizeGrowsWithTheFontAndIsThenTheUsers) {
   SetFontHeight(14);
   frmTurfManager main(state);
   ShowMain(main);
-  EXPECT_NEAR(main.width(), 640 * 14 / 12, 1);
+  EXPECT_NEAR(main.width(), 640.0 * 14 / 12, 1);
   main.resize(700, 600);
   main.hide();
   main.show();
