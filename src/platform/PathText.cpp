@@ -15,16 +15,6 @@ namespace turfdesk {
 
 namespace {
 
-/// Programs that know of long paths may hand over one with the beginning that the system wants for these.
-std::string WithoutSystemBeginning(std::string_view path) {
-  constexpr std::string_view beginning = R"(\\?\)";
-  constexpr std::string_view networkBeginning = R"(\\?\UNC\)";
-  if (path.starts_with(networkBeginning))
-    return R"(\\)" + std::string(path.substr(networkBeginning.size()));
-  const bool isFull = path.starts_with(beginning) && IsFullWindowsPath(path.substr(beginning.size()));
-  return std::string(isFull ? path.substr(beginning.size()) : path);
-}
-
 /// Takes the root off a full path: a drive, or the names of a computer and its share.
 std::string TakeRoot(std::string_view &path) {
   std::string root;
@@ -84,8 +74,18 @@ std::string_view ExtensionOf(std::string_view path) {
   return dot == std::string_view::npos || dot + 1 == name.size() ? "" : name.substr(dot);
 }
 
+std::string_view WithoutSystemBeginning(std::string_view path) {
+  constexpr std::string_view beginning = R"(\\?\)";
+  if (path.starts_with(beginning) && IsFullWindowsPath(path.substr(beginning.size())))
+    path.remove_prefix(beginning.size());
+  return path;
+}
+
 std::string CleanPath(std::string_view path) {
-  std::string plain = WithoutSystemBeginning(path);
+  constexpr std::string_view networkBeginning = R"(\\?\UNC\)";
+  std::string plain(WithoutSystemBeginning(path));
+  if (path.starts_with(networkBeginning))
+    plain = R"(\\)" + std::string(path.substr(networkBeginning.size()));
   if (!IsFullWindowsPath(plain) && !IsNetworkPath(plain))
     return plain;
   std::string_view names = plain;

@@ -20,6 +20,9 @@ std::string_view ExtensionOf(std::string_view path);
 /// Does the text begin with the name of a protocol, as "https://host" does? One letter before the colon is a drive.
 bool IsAddress(std::string_view text);
 
+/// A full path without the beginning "\\?\" that programs which know of long paths may hand over or store.
+std::string_view WithoutSystemBeginning(std::string_view path);
+
 /// The one form of a full path, by drive or on a network: the drive's letter upper case, backslashes, no "." and "..",
 /// no separator twice or at the end except that of a drive's root. The beginning that makes the system take a path as
 /// it stands ("\\?\") goes. ".." is resolved by the text, as Windows does it, and ends at the root. Any other text is

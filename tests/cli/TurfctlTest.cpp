@@ -116,7 +116,7 @@ TEST_F(TurfctlTest, APathGoesInCleanAndOneThatIsNotIsUnderstood) {
   EXPECT_EQ(course["filename"], R"(C:\Dl\Elm.hlc)");
   EXPECT_EQ(course["picture"], R"(C:\pics\a.bmp)");
   // As an earlier version, or another program, has written them.
-  for (const char *value : {"Filename C:/Dl//Elm.hlc", R"(Picture C:\Dl\..\/pics/a.bmp)"})
+  for (const char *value : {R"(Filename '\\?\C:\Dl/Elm.hlc')", R"(Picture C:\Dl\..\/pics/a.bmp)"})
     ASSERT_EQ(Run(entry + value).status, 0);
   ASSERT_EQ(Run("--yes compress 'Old Elm' --output C:/Dl/../p.hlz").status, 0);
   ASSERT_EQ(Run("--yes install C:/p.hlz --to C:/New/").status, 0);

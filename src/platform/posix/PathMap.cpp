@@ -4,6 +4,7 @@
 #include "platform/posix/PathMap.h"
 
 #include "platform/NextName.h"
+#include "platform/PathText.h"
 #include "platform/WindowsNames.h"
 #include "platform/posix/FolderEntries.h"
 #include "platform/posix/HostPaths.h"
@@ -94,6 +95,7 @@ std::string WithFolderLinksFollowed(std::string_view hostPath) {
 } // namespace
 
 int PathMap::Join(std::string_view windowsPath, std::string &hostPath) const {
+  windowsPath = WithoutSystemBeginning(windowsPath);
   if (!IsFullWindowsPath(windowsPath))
     return ENOTDIR;
   hostPath.reserve(mDrives.size() + windowsPath.size() + 1);

@@ -32,6 +32,7 @@ std::uint32_t AppendName(std::string_view name, std::wstring &systemPath) {
 
 /// Takes the root off the path: a drive, or the names of a server and its share.
 std::uint32_t TakeRoot(std::string_view &path, std::wstring &systemPath) {
+  path = WithoutSystemBeginning(path);
   if (IsFullWindowsPath(path)) {
     systemPath.assign(Beginning).append({static_cast<wchar_t>(path[0] & ~0x20), L':'});
     path.remove_prefix(2);
@@ -99,7 +100,7 @@ std::wstring PlainPath(std::wstring_view systemPath) {
 }
 
 std::string FullPath(std::string_view given) {
-  const std::string clean = CleanPath(PathOfFileAddress(given).value_or(std::string(given)));
+  std::string clean = CleanPath(PathOfFileAddress(given).value_or(std::string(given)));
   if (clean.empty() || IsFullWindowsPath(clean) || IsNetworkPath(clean))
     return clean;
   std::string_view path = clean;
