@@ -56,7 +56,7 @@ int Run(const std::filesystem::path &program, std::wstring commandLine, const st
   PROCESS_INFORMATION process = {};
   if (CreateProcessW(program.c_str(), commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start,
                      &process) == FALSE)
-    throw std::runtime_error("cannot start " + program.string());
+    throw std::runtime_error("cannot start " + program.string() + ": " + std::to_string(GetLastError()));
   WaitForSingleObject(process.hProcess, INFINITE);
   DWORD status = 0;
   GetExitCodeProcess(process.hProcess, &status);
