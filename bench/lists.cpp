@@ -4,6 +4,7 @@
 // How long the two lists of the main window take to load.
 
 #include "Measure.h"
+#include "NoWindows.h"
 #include "catalogue/LoadLists.h"
 #include "platform/Platform.h"
 #include "samples/World.h"
@@ -19,18 +20,6 @@
 namespace turfdesk::bench {
 
 namespace {
-
-class NoBoxes final : public MessageBoxes {
-public:
-  BoxAnswer Show(const MessageBox &box) override { throw std::runtime_error(box.text); }
-};
-
-class NoScreen final : public Screen {
-public:
-  void DoEvents() override {}
-  void Repaint() override {}
-  void SetMousePointer(MousePointer) override {}
-};
 
 /// A started program over a world of so many courses of three libraries.
 class LoadedWorld {

@@ -4,6 +4,7 @@
 // How long a registry editor's file takes to be taken over.
 
 #include "Measure.h"
+#include "NoWindows.h"
 #include "platform/Platform.h"
 #include "shell/Main.h"
 #include "shell/SettingsExchange.h"
@@ -16,18 +17,6 @@
 namespace turfdesk::bench {
 
 namespace {
-
-class NoBoxes final : public MessageBoxes {
-public:
-  BoxAnswer Show(const MessageBox &box) override { throw std::runtime_error(box.text); }
-};
-
-class NoScreen final : public Screen {
-public:
-  void DoEvents() override {}
-  void Repaint() override {}
-  void SetMousePointer(MousePointer) override {}
-};
 
 /// A started program, and a text with so many values in one key of its own.
 class World {
